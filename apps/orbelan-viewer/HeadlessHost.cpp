@@ -1,0 +1,393 @@
+#include "HeadlessHost.h"
+
+#include "EventRelay.h"
+#include "InputCodes.h"
+#include "LineFormat.h"
+#include "ScriptedUiServices.h"
+#include "Viewer.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <QFile>
+#include <QKeyEvent>
+#include <QMetaMethod>
+#include <QMouseEvent>
+#include <QSocketNotifier>
+#include <QTimer>
+
+#include <unistd.h>
+
+#include <array>
+
+namespace orbelan {
+
+using lineformat::formatValue;
+using lineformat::quote;
+
+namespace {
+
+constexpr int kDefaultIdleWaitSeconds = 30;
+constexpr int kIdlePollMilliseconds = 20;
+constexpr int kMaximumArguments = 10;
+
+std::optional<int> toInt(const QString& text)
+{
+    bool ok = false;
+    const int value = text.toInt(&ok);
+    return ok ? std::optional(value) : std::nullopt;
+}
+
+std::optional<double> toDouble(const QString& text)
+{
+    bool ok = false;
+    const double value = text.toDouble(&ok);
+    return ok ? std::optional(value) : std::nullopt;
+}
+
+void sendMouse(QWidget& target, QEvent::Type type, Qt::MouseButton button, QPointF position,
+               Qt::KeyboardModifiers modifiers)
+{
+    const Qt::MouseButtons held = type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::MouseButtons(button);
+    QMouseEvent event(type, position, target.mapToGlobal(position), button,
+                      type == QEvent::MouseMove ? Qt::MouseButtons(Qt::NoButton) : held, modifiers);
+    QCoreApplication::sendEvent(&target, &event);
+}
+
+// The text a key types, for the keys that type one.
+QString keyText(Qt::Key key, Qt::KeyboardModifiers modifiers)
+{
+    if ((key >= Qt::Key_A && key <= Qt::Key_Z)) {
+        const QChar letter(static_cast<char16_t>(key));
+        return modifiers & Qt::ShiftModifier ? QString(letter) : QString(letter.toLower());
+    }
+    if ((key >= Qt::Key_0 && key <= Qt::Key_9) || key == Qt::Key_Space) {
+        return QString(QChar(static_cast<char16_t>(key)));
+    }
+    if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+        return QStringLiteral("\r");
+    }
+    if (key == Qt::Key_Escape) {
+        return QString(QChar(27));
+    }
+    return {};
+}
+
+} // namespace
+
+HeadlessHost::HeadlessHost(Viewer& viewer, ScriptedUiServices& ui, std::ostream& out)
+    : viewer_(viewer),
+      ui_(ui),
+      out_(out)
+{
+    addCommands();
+    reportEvents();
+}
+
+void HeadlessHost::addCommands()
+{
+    auto bind = [this](void (HeadlessHost::*member)(const QStringList&)) {
+        return [this, member](const QStringList& arguments) { (this->*member)(arguments); };
+    };
+    commands_ = {
+        {"show", bind(&HeadlessHost::show)},
+        {"hide", bind(&HeadlessHost::hide)},
+        {"sleep", bind(&HeadlessHost::sleep)},
+        {"wait-idle", bind(&HeadlessHost::waitIdle)},
+        {"snapshot", bind(&HeadlessHost::snapshot)},
+        {"answer", bind(&HeadlessHost::answer)},
+        {"mouse", bind(&HeadlessHost::mouse)},
+        {"key", bind(&HeadlessHost::key)},
+        {"set", bind(&HeadlessHost::setProperty)},
+        {"get", bind(&HeadlessHost::getProperty)},
+        {"quit", [this](const QStringList&) { quit(); }},
+    };
+}
+
+void HeadlessHost::reportEvents()
+{
+    new EventRelay(
+        viewer_,
+        [this](const QByteArray& name, const QVariantList& arguments) {
+            QString line = QStringLiteral("event ") + QString::fromUtf8(name);
+            for (const QVariant& argument : arguments) {
+                line += ' ' + formatValue(argument);
+            }
+            print(line);
+        },
+        {"propertyChanged"});
+    ui_.setMessageObserver([this](const ShownMessage& message) {
+        print(QStringLiteral("msgbox %1 %2 %3")
+                  .arg(iconName(message.icon), quote(message.caption), quote(message.text)));
+    });
+    ui_.setDialogObserver([this](const ShownDialog& dialog) {
+        print(QStringLiteral("dialog %1 %2").arg(dialog.objectName, quote(dialog.caption)));
+    });
+}
+
+void HeadlessHost::readStandardInput()
+{
+    input_ = new QSocketNotifier(STDIN_FILENO, QSocketNotifier::Read, this);
+    connect(input_, &QSocketNotifier::activated, this, &HeadlessHost::readAvailableInput);
+}
+
+bool HeadlessHost::readFile(const QString& path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+        error(QStringLiteral("cannot read %1: %2").arg(path, file.errorString()));
+        return false;
+    }
+    for (const QByteArray& line : file.readAll().split('\n')) {
+        pending_.push_back(QString::fromUtf8(line));
+    }
+    inputEnded_ = true;
+    QTimer::singleShot(0, this, &HeadlessHost::drain);
+    return true;
+}
+
+void HeadlessHost::readAvailableInput()
+{
+    std::array<char, 4096> chunk{};
+    const ssize_t count = ::read(STDIN_FILENO, chunk.data(), chunk.size());
+    if (count <= 0) {
+        input_->setEnabled(false);
+        if (!partialLine_.isEmpty()) {
+            pending_.push_back(QString::fromUtf8(partialLine_));
+        }
+        inputEnded_ = true;
+        drain();
+        return;
+    }
+    partialLine_.append(chunk.data(), count);
+    for (qsizetype end = partialLine_.indexOf('\n'); end >= 0; end = partialLine_.indexOf('\n')) {
+        pending_.push_back(QString::fromUtf8(partialLine_.left(end)));
+        partialLine_.remove(0, end + 1);
+    }
+    drain();
+}
+
+// Runs the queued commands in order. A command that waits (sleep, wait-idle,
+// a connection) lets events run, and lines read meanwhile only join the queue.
+void HeadlessHost::drain()
+{
+    if (running_) {
+        return;
+    }
+    running_ = true;
+    while (!pending_.empty() && !quitting_) {
+        const QString line = pending_.front();
+        pending_.pop_front();
+        execute(line);
+    }
+    running_ = false;
+    if (inputEnded_ && pending_.empty()) {
+        quit();
+    }
+}
+
+void HeadlessHost::execute(const QString& line)
+{
+    const auto words = lineformat::splitWords(line);
+    if (!words) {
+        error(QStringLiteral("unterminated quote in: %1").arg(line));
+        return;
+    }
+    if (words->isEmpty() || words->front().startsWith('#')) {
+        return;
+    }
+    const QString name = words->front();
+    const QStringList arguments = words->mid(1);
+    try {
+        if (const auto command = commands_.find(name); command != commands_.end()) {
+            command->second(arguments);
+        } else if (!invokeViewerMethod(name, arguments)) {
+            error(QStringLiteral("unknown command: %1").arg(name));
+        }
+    } catch (const std::exception& failure) {
+        error(QStringLiteral("%1: %2").arg(name, QString::fromUtf8(failure.what())));
+    }
+}
+
+// Calls a public method of the Viewer by name, converting the words to its
+// parameter types, and prints what it returns.
+bool HeadlessHost::invokeViewerMethod(const QString& name, const QStringList& arguments)
+{
+    const QMetaObject* type = viewer_.metaObject();
+    for (int index = type->methodOffset(); index < type->methodCount(); ++index) {
+        const QMetaMethod method = type->method(index);
+        if (method.methodType() != QMetaMethod::Method || method.name() != name.toUtf8() ||
+            method.parameterCount() != arguments.size() || arguments.size() > kMaximumArguments) {
+            continue;
+        }
+        std::array<QVariant, kMaximumArguments> values;
+        std::array<QGenericArgument, kMaximumArguments> generic;
+        for (int i = 0; i < method.parameterCount(); ++i) {
+            values[i] = arguments[i];
+            if (!values[i].convert(method.parameterMetaType(i))) {
+                error(QStringLiteral("%1: %2 is not a %3")
+                          .arg(name, quote(arguments[i]), QString::fromUtf8(method.parameterTypeName(i))));
+                return true;
+            }
+            generic[i] = QGenericArgument(method.parameterTypeName(i).constData(), values[i].constData());
+        }
+        QVariant result(method.returnMetaType());
+        const bool returnsValue = method.returnMetaType().id() != QMetaType::Void;
+        method.invoke(&viewer_, Qt::DirectConnection,
+                      returnsValue ? QGenericReturnArgument(method.typeName(), result.data())
+                                   : QGenericReturnArgument(),
+                      generic[0], generic[1], generic[2], generic[3], generic[4], generic[5],
+                      generic[6], generic[7], generic[8], generic[9]);
+        if (returnsValue) {
+            print(QStringLiteral("result ") + formatValue(result));
+        }
+        return true;
+    }
+    return false;
+}
+
+void HeadlessHost::quit()
+{
+    quitting_ = true;
+    QCoreApplication::exit(0);
+}
+
+void HeadlessHost::show(const QStringList&)
+{
+    viewer_.show();
+}
+
+void HeadlessHost::hide(const QStringList&)
+{
+    viewer_.hide();
+}
+
+void HeadlessHost::sleep(const QStringList& arguments)
+{
+    const auto milliseconds = arguments.size() == 1 ? toInt(arguments[0]) : std::nullopt;
+    if (!milliseconds || *milliseconds < 0) {
+        error(QStringLiteral("sleep needs a number of milliseconds"));
+        return;
+    }
+    QEventLoop loop;
+    QTimer::singleShot(*milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+void HeadlessHost::waitIdle(const QStringList& arguments)
+{
+    const auto seconds = arguments.isEmpty() ? std::optional(double(kDefaultIdleWaitSeconds))
+                                             : toDouble(arguments[0]);
+    if (!seconds || *seconds < 0 || arguments.size() > 1) {
+        error(QStringLiteral("wait-idle takes an optional number of seconds"));
+        return;
+    }
+    QDeadlineTimer deadline(static_cast<qint64>(*seconds * 1000));
+    while (!viewer_.connection().idle() && !deadline.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, kIdlePollMilliseconds);
+    }
+    if (!viewer_.connection().idle()) {
+        error(QStringLiteral("wait-idle: %1 request(s) still pending after %2 s")
+                  .arg(viewer_.PendingRequests())
+                  .arg(*seconds));
+    }
+}
+
+void HeadlessHost::snapshot(const QStringList& arguments)
+{
+    if (arguments.size() != 1) {
+        error(QStringLiteral("snapshot needs a file name"));
+        return;
+    }
+    if (!viewer_.grab().save(arguments[0])) {
+        error(QStringLiteral("snapshot: cannot write %1").arg(arguments[0]));
+    }
+}
+
+void HeadlessHost::answer(const QStringList& arguments)
+{
+    const auto answer = arguments.size() == 1 ? parseAnswer(arguments[0]) : std::nullopt;
+    if (!answer) {
+        error(QStringLiteral("answer needs one of Yes, No, OK, Cancel, Abort, Retry, Ignore"));
+        return;
+    }
+    ui_.queueAnswer(*answer);
+}
+
+void HeadlessHost::mouse(const QStringList& arguments)
+{
+    static const std::map<QString, std::vector<QEvent::Type>> kActions = {
+        {"down", {QEvent::MouseButtonPress}},
+        {"up", {QEvent::MouseButtonRelease}},
+        {"move", {QEvent::MouseMove}},
+        {"click", {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}},
+        {"dblclick", {QEvent::MouseButtonPress, QEvent::MouseButtonRelease,
+                      QEvent::MouseButtonDblClick, QEvent::MouseButtonRelease}},
+    };
+    const auto action = arguments.isEmpty() ? kActions.end() : kActions.find(arguments[0]);
+    const auto button = arguments.size() > 1 ? toInt(arguments[1]) : std::nullopt;
+    const auto x = arguments.size() > 2 ? toDouble(arguments[2]) : std::nullopt;
+    const auto y = arguments.size() > 3 ? toDouble(arguments[3]) : std::nullopt;
+    const auto shift = arguments.size() > 4 ? toInt(arguments[4]) : std::optional(0);
+    if (action == kActions.end() || !button || !x || !y || !shift || arguments.size() > 5) {
+        error(QStringLiteral("mouse needs down|up|move|click|dblclick BUTTON X Y [SHIFT]"));
+        return;
+    }
+    for (const QEvent::Type type : action->second) {
+        sendMouse(viewer_, type, inputcodes::mouseButtonOf(*button), QPointF(*x, *y),
+                  inputcodes::modifiersOf(*shift));
+    }
+}
+
+void HeadlessHost::key(const QStringList& arguments)
+{
+    const auto code = arguments.size() >= 1 ? toInt(arguments[0]) : std::nullopt;
+    const auto shift = arguments.size() >= 2 ? toInt(arguments[1]) : std::optional(0);
+    const Qt::Key key = code ? inputcodes::keyOf(*code) : Qt::Key_unknown;
+    if (key == Qt::Key_unknown || !shift || arguments.size() > 2) {
+        error(QStringLiteral("key needs a known key CODE and an optional SHIFT"));
+        return;
+    }
+    const Qt::KeyboardModifiers modifiers = inputcodes::modifiersOf(*shift);
+    const QString text = keyText(key, modifiers);
+    QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+    QCoreApplication::sendEvent(&viewer_, &press);
+    QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
+    QCoreApplication::sendEvent(&viewer_, &release);
+}
+
+void HeadlessHost::setProperty(const QStringList& arguments)
+{
+    const QByteArray name = arguments.isEmpty() ? QByteArray() : arguments[0].toUtf8();
+    const int index = viewer_.metaObject()->indexOfProperty(name.constData());
+    if (arguments.size() != 2 || index < viewer_.metaObject()->propertyOffset()) {
+        error(QStringLiteral("set needs one of the control's properties and a value"));
+        return;
+    }
+    if (!viewer_.setProperty(name.constData(), arguments[1])) {
+        error(QStringLiteral("set %1: %2 is not a valid value").arg(arguments[0], quote(arguments[1])));
+    }
+}
+
+void HeadlessHost::getProperty(const QStringList& arguments)
+{
+    const QByteArray name = arguments.isEmpty() ? QByteArray() : arguments[0].toUtf8();
+    const int index = viewer_.metaObject()->indexOfProperty(name.constData());
+    if (arguments.size() != 1 || index < viewer_.metaObject()->propertyOffset()) {
+        error(QStringLiteral("get needs one of the control's properties"));
+        return;
+    }
+    print(QStringLiteral("property %1 %2").arg(arguments[0], formatValue(viewer_.property(name.constData()))));
+}
+
+void HeadlessHost::print(const QString& line)
+{
+    out_ << line.toStdString() << '\n' << std::flush;
+}
+
+void HeadlessHost::error(const QString& message)
+{
+    print(QStringLiteral("error ") + quote(message));
+}
+
+} // namespace orbelan

@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QStringList>
+
+#include <deque>
+#include <functional>
+#include <map>
+#include <ostream>
+
+class QSocketNotifier;
+
+namespace orbelan {
+
+class ScriptedUiServices;
+class Viewer;
+
+// Runs a Viewer without a window for scripts, batch snapshots and end-to-end
+// tests: it executes one command per input line, in order, and prints one
+// line per event the control raises and per message box or dialog it opens.
+// The grammar is documented in the README.
+class HeadlessHost : public QObject {
+    Q_OBJECT
+
+public:
+    HeadlessHost(Viewer& viewer, ScriptedUiServices& ui, std::ostream& out);
+
+    // Reads commands from standard input as they come; the host quits at its end.
+    void readStandardInput();
+    // Runs the commands of a file; the host quits after the last one.
+    bool readFile(const QString& path);
+
+private:
+    using Command = std::function<void(const QStringList& arguments)>;
+
+    void addCommands();
+    void reportEvents();
+    void enqueue(const QString& line);
+    void readAvailableInput();
+    void drain();
+    void execute(const QString& line);
+    bool invokeViewerMethod(const QString& name, const QStringList& arguments);
+    void quit();
+
+    void show(const QStringList& arguments);
+    void hide(const QStringList& arguments);
+    void sleep(const QStringList& arguments);
+    void waitIdle(const QStringList& arguments);
+    void snapshot(const QStringList& arguments);
+    void answer(const QStringList& arguments);
+    void mouse(const QStringList& arguments);
+    void key(const QStringList& arguments);
+    void setProperty(const QStringList& arguments);
+    void getProperty(const QStringList& arguments);
+
+    void print(const QString& line);
+    void error(const QString& message);
+
+    Viewer& viewer_;
+    ScriptedUiServices& ui_;
+    std::ostream& out_;
+    std::map<QString, Command> commands_;
+    std::deque<QString> pending_;
+    QByteArray partialLine_;
+    QSocketNotifier* input_ = nullptr;
+    bool inputEnded_ = false;
+    bool running_ = false;
+    bool quitting_ = false;
+};
+
+} // namespace orbelan

@@ -1,0 +1,93 @@
+#include "HostOptions.h"
+
+#include <QCommandLineParser>
+#include <QRegularExpression>
+
+#include <iostream>
+
+namespace orbelan {
+
+namespace {
+
+std::optional<int> integer(const QCommandLineParser& parser, const QString& name, bool& ok)
+{
+    if (!parser.isSet(name)) {
+        return std::nullopt;
+    }
+    bool valid = false;
+    const int value = parser.value(name).toInt(&valid);
+    if (!valid) {
+        std::cerr << "orbelan-viewer: --" << name.toStdString() << " needs a whole number, not \""
+                  << parser.value(name).toStdString() << "\"\n";
+        ok = false;
+    }
+    return value;
+}
+
+std::optional<QSize> parseSize(const QString& text)
+{
+    static const QRegularExpression pattern(QStringLiteral("^(\\d{1,5})x(\\d{1,5})$"));
+    const QRegularExpressionMatch match = pattern.match(text);
+    if (!match.hasMatch()) {
+        return std::nullopt;
+    }
+    return QSize(match.captured(1).toInt(), match.captured(2).toInt());
+}
+
+} // namespace
+
+std::optional<HostOptions> HostOptions::parse(const QStringList& arguments, int& exitCode)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral("Shows a map of an Orbelan map server."));
+    parser.addHelpOption();
+    parser.addOptions({
+        {"url", "Map server host (overrides the saved URL property).", "HOST"},
+        {"port", "Map server port (overrides the saved port property).", "N"},
+        {"user", "User id (IDUser).", "ID"},
+        {"map", "Map code (MapCode).", "CODE"},
+        {"size", "Size of the control, for example 800x600.", "WxH"},
+        {"headless", "Run without a window: commands on stdin, events on stdout."},
+        {"commands", "Read the headless commands from FILE instead of stdin.", "FILE"},
+        {"no-show", "Do not show the control at start."},
+        {"settings", "Keep the control's properties in this INI file.", "FILE"},
+    });
+    exitCode = 0;
+    if (!parser.parse(arguments)) {
+        std::cerr << "orbelan-viewer: " << parser.errorText().toStdString() << "\n";
+        exitCode = 2;
+        return std::nullopt;
+    }
+    if (parser.isSet("help")) {
+        std::cout << parser.helpText().toStdString();
+        return std::nullopt;
+    }
+
+    HostOptions options;
+    bool ok = true;
+    if (parser.isSet("url")) {
+        options.url = parser.value("url");
+    }
+    options.port = integer(parser, "port", ok);
+    options.user = integer(parser, "user", ok);
+    options.map = integer(parser, "map", ok);
+    if (parser.isSet("size")) {
+        const auto size = parseSize(parser.value("size"));
+        if (!size) {
+            std::cerr << "orbelan-viewer: --size needs WIDTHxHEIGHT, for example 800x600\n";
+            ok = false;
+        }
+        options.size = size.value_or(options.size);
+    }
+    options.headless = parser.isSet("headless");
+    options.show = !parser.isSet("no-show");
+    options.commandsFile = parser.value("commands");
+    options.settingsFile = parser.value("settings");
+    if (!ok) {
+        exitCode = 2;
+        return std::nullopt;
+    }
+    return options;
+}
+
+} // namespace orbelan

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+
+namespace orbelan {
+
+// The command line of orbelan-viewer.
+struct HostOptions {
+    std::optional<QString> url;
+    std::optional<int> port;
+    std::optional<int> user;
+    std::optional<int> map;
+    QSize size{800, 600};
+    bool headless = false;
+    bool show = true;
+    // Commands for the headless mode; empty means standard input.
+    QString commandsFile;
+    // Where the control's properties persist; empty means the user's settings.
+    QString settingsFile;
+
+    // Parses the arguments (argv[0] first). Prints help or an error and
+    // returns nothing when the program should stop; exitCode tells how.
+    static std::optional<HostOptions> parse(const QStringList& arguments, int& exitCode);
+};
+
+} // namespace orbelan

@@ -1,0 +1,107 @@
+// orbelan-viewer: a window around one Viewer, or, with --headless, the same
+// control driven by commands for scripts and end-to-end tests.
+
+#include "HeadlessHost.h"
+#include "HostOptions.h"
+#include "MainWindow.h"
+#include "ScriptedUiServices.h"
+#include "SettingsPropertyBag.h"
+#include "Viewer.h"
+
+#include <QApplication>
+#include <QSettings>
+
+#include <iostream>
+#include <memory>
+
+using namespace orbelan;
+
+namespace {
+
+const QString kPropertyGroup = QStringLiteral("Viewer");
+
+std::unique_ptr<QSettings> openSettings(const HostOptions& options)
+{
+    if (!options.settingsFile.isEmpty()) {
+        return std::make_unique<QSettings>(options.settingsFile, QSettings::IniFormat);
+    }
+    return std::make_unique<QSettings>(QSettings::IniFormat, QSettings::UserScope,
+                                       QStringLiteral("Orbelan"), QStringLiteral("orbelan-viewer"));
+}
+
+// The saved properties, then what the command line overrides.
+void configure(Viewer& viewer, const HostOptions& options, const PropertyBag& bag)
+{
+    viewer.ReadProperties(bag);
+    if (options.url) viewer.setURL(*options.url);
+    if (options.port) viewer.setPort(*options.port);
+    if (options.user) viewer.setIDUser(*options.user);
+    if (options.map) viewer.setMapCode(*options.map);
+    viewer.resize(options.size);
+}
+
+int runHeadless(std::unique_ptr<Viewer> viewer, const HostOptions& options)
+{
+    ScriptedUiServices ui;
+    viewer->setUiServices(ui);
+    HeadlessHost host(*viewer, ui, std::cout);
+    if (options.show) {
+        viewer->show();
+    }
+    if (options.commandsFile.isEmpty()) {
+        host.readStandardInput();
+    } else if (!host.readFile(options.commandsFile)) {
+        return 1;
+    }
+    const int status = QApplication::exec();
+    // The control goes first: while it closes its connection it may still
+    // report to the host and the services.
+    viewer.reset();
+    return status;
+}
+
+int runWindow(Viewer* viewer, const HostOptions& options, PropertyBag& bag)
+{
+    MainWindow window(viewer);
+    window.resize(options.size);
+    if (options.show) {
+        window.show();
+    }
+    const int status = QApplication::exec();
+    viewer->WriteProperties(bag);
+    return status;
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    int exitCode = 0;
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments << QString::fromLocal8Bit(argv[i]);
+    }
+    const auto options = HostOptions::parse(arguments, exitCode);
+    if (!options) {
+        return exitCode;
+    }
+    if (options->headless) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("orbelan-viewer"));
+
+    const auto settings = openSettings(*options);
+    SettingsPropertyBag bag(*settings, kPropertyGroup);
+    auto viewer = std::make_unique<Viewer>();
+    try {
+        configure(*viewer, *options, bag);
+    } catch (const std::exception& failure) {
+        std::cerr << "orbelan-viewer: " << failure.what() << "\n";
+        return 2;
+    }
+    if (options->headless) {
+        return runHeadless(std::move(viewer), *options);
+    }
+    return runWindow(viewer.release(), *options, bag);
+}

@@ -1,0 +1,7 @@
+#include "PropertyBag.h"
+
+namespace orbelan {
+
+PropertyBag::~PropertyBag() = default;
+
+} // namespace orbelan

@@ -1,0 +1,181 @@
+#pragma once
+
+#include "ServerConnection.h"
+#include "StatusList.h"
+
+#include <QImage>
+#include <QList>
+#include <QStringList>
+#include <QWidget>
+
+#include <cstdint>
+#include <memory>
+
+class QLabel;
+
+namespace orbelan {
+
+class ActivityShape;
+class PropertyBag;
+class UiServices;
+
+// The map viewer control: one map of one map server, shown and edited in a
+// widget that host applications embed.
+//
+// Properties that hosts persist are read from and written to a PropertyBag;
+// every change of one is announced with propertyChanged(key) so that the host
+// knows to save its bag. The first time the control is shown in user mode it
+// connects to the server and asks for access to its map; in a designer (user
+// mode off) it never connects.
+class Viewer : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(uint BackColor READ BackColor WRITE setBackColor)
+    Q_PROPERTY(uint ForeColor READ ForeColor WRITE setForeColor)
+    Q_PROPERTY(short Appearance READ Appearance WRITE setAppearance)
+    Q_PROPERTY(short BackStyle READ BackStyle WRITE setBackStyle)
+    Q_PROPERTY(short BorderStyle READ BorderStyle WRITE setBorderStyle)
+    Q_PROPERTY(QString URL READ URL WRITE setURL)
+    Q_PROPERTY(int port READ port WRITE setPort)
+    Q_PROPERTY(int MapCode READ MapCode WRITE setMapCode)
+    Q_PROPERTY(int IDUser READ IDUser WRITE setIDUser)
+    Q_PROPERTY(int Width READ Width WRITE setWidth)
+    Q_PROPERTY(int Height READ Height WRITE setHeight)
+    Q_PROPERTY(int PendingRequests READ PendingRequests)
+
+public:
+    // Keys of the persisted properties in the host's property bag.
+    static constexpr const char* kBackColorKey = "BackColor";
+    static constexpr const char* kForeColorKey = "ForeColor";
+    static constexpr const char* kEnabledKey = "Enabled";
+    static constexpr const char* kFontKey = "Font";
+    static constexpr const char* kAppearanceKey = "Appearance";
+    static constexpr const char* kBackStyleKey = "BackStyle";
+    static constexpr const char* kBorderStyleKey = "BorderStyle";
+    static constexpr const char* kUrlKey = "URL";
+    static constexpr const char* kPortKey = "Port";
+    static constexpr const char* kMapCodeKey = "MapCode";
+    static constexpr const char* kIdUserKey = "IDUser";
+
+    explicit Viewer(QWidget* parent = nullptr);
+    ~Viewer() override;
+
+    // Message boxes and modal dialogs go through these services (not owned);
+    // by default real widgets are used.
+    void setUiServices(UiServices& services);
+    UiServices& uiServices() const { return *ui_; }
+
+    // True in applications; false in a designer, where the control never
+    // connects.
+    bool userMode() const { return userMode_; }
+    void setUserMode(bool userMode) { userMode_ = userMode; }
+
+    // Persisted properties. Enabled and the font are the widget's own
+    // (setEnabled, setFont); their changes are announced as well.
+    std::uint32_t BackColor() const { return backColor_; }
+    void setBackColor(std::uint32_t color);
+    std::uint32_t ForeColor() const { return foreColor_; }
+    void setForeColor(std::uint32_t color);
+    std::int16_t Appearance() const { return appearance_; }
+    void setAppearance(std::int16_t appearance);
+    std::int16_t BackStyle() const { return backStyle_; }
+    void setBackStyle(std::int16_t backStyle);
+    std::int16_t BorderStyle() const { return borderStyle_; }
+    void setBorderStyle(std::int16_t borderStyle);
+    // The server's host and port live in the socket: a change applies to the
+    // next connection, never to an open one.
+    QString URL() const;
+    void setURL(const QString& url);
+    std::int32_t port() const;
+    // Throws std::invalid_argument for a number that is not a TCP port.
+    void setPort(std::int32_t port);
+    std::int32_t MapCode() const { return mapCode_; }
+    void setMapCode(std::int32_t mapCode);
+    std::int32_t IDUser() const { return idUser_; }
+    void setIDUser(std::int32_t idUser);
+
+    int Width() const { return width(); }
+    void setWidth(int width);
+    int Height() const { return height(); }
+    void setHeight(int height);
+
+    // A new control on a host form: the ambient font, map 1, and the next
+    // show is a first show again.
+    void InitProperties();
+    void ReadProperties(const PropertyBag& bag);
+    void WriteProperties(PropertyBag& bag) const;
+
+    // The control's commands for hosts; they are invokable by name.
+    Q_INVOKABLE void About();
+
+    std::int32_t PendingRequests() const { return connection_.pendingRequests(); }
+    ServerConnection& connection() { return connection_; }
+    // The steps in progress, one per line, as the status label shows them.
+    QString statusText() const;
+    void changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName = {});
+    const QImage& mapImage() const { return imgMap_; }
+
+signals:
+    void propertyChanged(const QString& key);
+
+    void click();
+    void DblClick();
+    void KeyDown(int KeyCode, int Shift);
+    void KeyUp(int KeyCode, int Shift);
+    void KeyPress(int KeyAscii);
+    void MouseDown(int Button, int Shift, float X, float Y);
+    void mousemove(int Button, int Shift, float X, float Y);
+    void MouseUp(int Button, int Shift, float X, float Y);
+    void MousePosition(double X, double Y);
+    void InfoArrival(int IDLayer, int IDElement, const QStringList& FieldName,
+                     const QList<int>& FieldTypes, const QStringList& FieldData);
+    void MapLoaded();
+    void MapRedrawn();
+    void SelectionSet(int IDLayer, int ElementsCount, const QList<int>& Elements);
+    // Cancel is in and out: a receiver sets *Cancel to true to refuse the element.
+    void OnNewElement(const QStringList& FieldName, const QList<int>& FieldType,
+                      const QStringList& FieldValue, bool* Cancel);
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+private:
+    void createSurface();
+    void connectReceiveSide();
+    void firstShow();
+    void requestAccess();
+    void closeConnection();
+    void placeCompanyLabel();
+    void placeIndicators();
+    void applyColors();
+    void redrawMap();
+    void showIdlePointer();
+    QFont ambientFont() const;
+
+    std::unique_ptr<UiServices> ownUi_;
+    UiServices* ui_ = nullptr;
+    ServerConnection connection_;
+    StatusList status_;
+    QImage imgMap_;
+
+    ActivityShape* shpReadingData_ = nullptr;
+    QLabel* lblstatus_ = nullptr;
+    QLabel* lblCompany_ = nullptr;
+
+    bool userMode_ = true;
+    bool firstShow_ = true;
+    std::uint32_t backColor_;
+    std::uint32_t foreColor_;
+    std::int16_t appearance_ = 1;
+    std::int16_t backStyle_ = 1;
+    std::int16_t borderStyle_ = 0;
+    std::int32_t mapCode_ = 1;
+    std::int32_t idUser_ = 0;
+};
+
+} // namespace orbelan

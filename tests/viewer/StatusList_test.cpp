@@ -1,0 +1,77 @@
+#include "StatusList.h"
+
+#include <gtest/gtest.h>
+
+using orbelan::StatusList;
+
+namespace {
+
+TEST(StatusList, AnEmptyListShowsNothing)
+{
+    StatusList status;
+    EXPECT_TRUE(status.empty());
+    EXPECT_EQ(status.text(), "");
+}
+
+TEST(StatusList, RequestsOfOneLayerAreCountedOnOneLine)
+{
+    StatusList status;
+    status.change(0, StatusList::RequestingMap);
+    status.change(7, StatusList::RequestingLayer, "Calles");
+    status.change(7, StatusList::RequestingLayer, "Calles");
+    status.change(8, StatusList::RequestingLabels, "Barrios");
+    status.change(8, StatusList::RequestingTheme, "Barrios");
+    EXPECT_EQ(status.text(), "Requesting Map.\n"
+                             "Requesting Layer Calles (2)\n"
+                             "Requesting Labels Barrios (1)\n"
+                             "Requesting Theme Information Barrios (1)");
+}
+
+TEST(StatusList, LoadingTakesOneRequestOffAndShowsItself)
+{
+    StatusList status;
+    status.change(7, StatusList::RequestingLayer, "Calles");
+    status.change(7, StatusList::RequestingLayer, "Calles");
+    status.change(7, StatusList::LoadingLayer, "Calles");
+    EXPECT_EQ(status.text(), "Requesting Layer Calles (1)\nLoading Layer Calles");
+
+    // The last request answered disappears; the loading line stays until removed.
+    status.change(7, StatusList::LoadingLayer, "Calles");
+    EXPECT_EQ(status.text(), "Loading Layer Calles\nLoading Layer Calles");
+    status.change(7, StatusList::LoadingLayer + StatusList::Remove);
+    status.change(7, StatusList::LoadingLayer + StatusList::Remove);
+    EXPECT_TRUE(status.empty());
+}
+
+TEST(StatusList, RemovingMovesTheLastLineIntoTheGap)
+{
+    StatusList status;
+    status.change(0, StatusList::RequestingMap);
+    status.change(1, StatusList::RequestingLayer, "A");
+    status.change(2, StatusList::RequestingLayer, "B");
+    status.change(3, StatusList::RequestingInformation);
+    status.change(0, StatusList::RequestingMap + StatusList::Remove);
+    EXPECT_EQ(status.text(), "Requesting Information.\nRequesting Layer A (1)\nRequesting Layer B (1)");
+}
+
+TEST(StatusList, StepsMatchByLayerAndCode)
+{
+    StatusList status;
+    status.change(1, StatusList::RequestingLayer, "A");
+    status.change(2, StatusList::LoadingLayer, "B");          // another layer's request stays
+    status.change(1, StatusList::RequestingLabels + StatusList::Remove); // nothing of that code
+    EXPECT_EQ(status.text(), "Requesting Layer A (1)\nLoading Layer B");
+}
+
+TEST(StatusList, FixedTextsOfTheMapAndInformationSteps)
+{
+    StatusList status;
+    status.change(0, StatusList::LoadingMap);
+    status.change(4, StatusList::LoadingLabels);
+    status.change(0, StatusList::LoadingInformation);
+    status.change(4, StatusList::LoadingTheme);
+    EXPECT_EQ(status.text(),
+              "Loading Map.\nLoading Labels.\nLoading Information.\nLoading Theme Information.");
+}
+
+} // namespace

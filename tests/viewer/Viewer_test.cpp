@@ -1,0 +1,260 @@
+#include "PropertyBag.h"
+#include "ScriptedUiServices.h"
+#include "SettingsPropertyBag.h"
+#include "Viewer.h"
+
+#include <QSignalSpy>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <map>
+
+using namespace orbelan;
+
+namespace {
+
+// A property bag in memory that keeps exactly what was written.
+class MemoryBag : public PropertyBag {
+public:
+    QVariant ReadProperty(const QString& key, const QVariant& readDefault) const override
+    {
+        const auto found = values.find(key);
+        return found == values.end() ? readDefault : found->second;
+    }
+    void WriteProperty(const QString& key, const QVariant& value, const QVariant& writeDefault) override
+    {
+        if (value != writeDefault) {
+            values[key] = value;
+        }
+    }
+    std::map<QString, QVariant> values;
+};
+
+const QString kConnectionFailure = QStringLiteral(
+    "Error: Unable to connect to map server.\r\n\r\n"
+    "Orbelan uses port 1001 to communicate with the map\r\n"
+    "server and now this port is blocked.\r\n"
+    "May be the port is blocked by: \r\n"
+    "\t1.- Network Firewall or personal Firewall\r\n"
+    "\t2.- Network Proxy\r\n\r\n"
+    "Please contact your LAN Manager to enable the port 1001\r\n"
+    "to communicate between your computer and Orbelan.");
+
+// A port on which nothing listens: taken from the system, then given back.
+quint16 closedPort()
+{
+    QTcpServer probe;
+    probe.listen(QHostAddress::LocalHost);
+    return probe.serverPort();
+}
+
+QByteArray readExactly(QTcpSocket& socket, qsizetype count)
+{
+    QByteArray bytes;
+    while (bytes.size() < count && (socket.bytesAvailable() > 0 || socket.waitForReadyRead(5000))) {
+        bytes += socket.read(count - bytes.size());
+    }
+    return bytes;
+}
+
+class ViewerTest : public ::testing::Test {
+protected:
+    ViewerTest()
+    {
+        viewer.setUiServices(ui);
+        viewer.resize(400, 300);
+    }
+
+    void pointAt(quint16 port)
+    {
+        viewer.setURL(QStringLiteral("127.0.0.1"));
+        viewer.setPort(port);
+    }
+
+    ScriptedUiServices ui;
+    Viewer viewer;
+};
+
+TEST_F(ViewerTest, AnEmptyBagGivesTheReadDefaults)
+{
+    viewer.ReadProperties(MemoryBag{});
+    EXPECT_EQ(viewer.MapCode(), 1);
+    EXPECT_EQ(viewer.IDUser(), 0);
+    EXPECT_EQ(viewer.URL(), "nada");
+    EXPECT_EQ(viewer.port(), 10010);
+    EXPECT_EQ(viewer.BackColor(), 0x8000000Fu);
+    EXPECT_EQ(viewer.ForeColor(), 0x80000012u);
+    EXPECT_TRUE(viewer.isEnabled());
+    EXPECT_EQ(viewer.Appearance(), 1);
+    EXPECT_EQ(viewer.BackStyle(), 1);
+    EXPECT_EQ(viewer.BorderStyle(), 0);
+}
+
+TEST_F(ViewerTest, ValuesEqualToTheWriteDefaultsAreNotStored)
+{
+    viewer.setPort(0);
+    viewer.setURL(QString());
+    MemoryBag bag;
+    viewer.WriteProperties(bag);
+    EXPECT_TRUE(bag.values.empty());
+
+    // Read back, the missing keys give the read defaults, not what was written.
+    viewer.ReadProperties(bag);
+    EXPECT_EQ(viewer.URL(), "nada");
+    EXPECT_EQ(viewer.port(), 10010);
+}
+
+TEST_F(ViewerTest, PropertiesSurviveASettingsFile)
+{
+    QTemporaryDir folder;
+    const QString file = folder.filePath("viewer.ini");
+    {
+        QSettings settings(file, QSettings::IniFormat);
+        SettingsPropertyBag bag(settings, "Viewer");
+        viewer.setBackColor(0x80000005);
+        viewer.setForeColor(0x00FF8000);
+        viewer.setEnabled(false);
+        viewer.setBorderStyle(1);
+        viewer.setURL("maps.example.org");
+        viewer.setPort(1001);
+        viewer.setMapCode(42);
+        viewer.setIDUser(-7);
+        viewer.WriteProperties(bag);
+    }
+    QSettings settings(file, QSettings::IniFormat);
+    SettingsPropertyBag bag(settings, "Viewer");
+    Viewer copy;
+    copy.ReadProperties(bag);
+    EXPECT_EQ(copy.BackColor(), 0x80000005u);
+    EXPECT_EQ(copy.ForeColor(), 0x00FF8000u);
+    EXPECT_FALSE(copy.isEnabled());
+    EXPECT_EQ(copy.BorderStyle(), 1);
+    EXPECT_EQ(copy.URL(), "maps.example.org");
+    EXPECT_EQ(copy.port(), 1001);
+    EXPECT_EQ(copy.MapCode(), 42);
+    EXPECT_EQ(copy.IDUser(), -7);
+}
+
+TEST_F(ViewerTest, ACorruptStoredValueFallsBackToTheReadDefault)
+{
+    MemoryBag bag;
+    bag.values["Port"] = "not a port";
+    bag.values["MapCode"] = "99999999999";
+    bag.values["BackColor"] = -1;
+    viewer.ReadProperties(bag);
+    EXPECT_EQ(viewer.port(), 10010);
+    EXPECT_EQ(viewer.MapCode(), 1);
+    EXPECT_EQ(viewer.BackColor(), 0x8000000Fu);
+}
+
+TEST_F(ViewerTest, EveryWriteIsAnnouncedButLoadingIsNot)
+{
+    QSignalSpy changed(&viewer, &Viewer::propertyChanged);
+    viewer.setMapCode(3);
+    viewer.setIDUser(4);
+    viewer.setURL("host");
+    viewer.setPort(5);
+    viewer.setWidth(640);
+    viewer.setHeight(480);
+    viewer.setEnabled(false);
+    viewer.setFont(QFont("Liberation Sans", 13));
+    QStringList keys;
+    for (const auto& call : changed) {
+        keys << call.at(0).toString();
+    }
+    EXPECT_EQ(keys, (QStringList{"MapCode", "IDUser", "URL", "Port", "Width", "height", "Enabled", "Font"}));
+    EXPECT_EQ(viewer.size(), QSize(640, 480));
+
+    changed.clear();
+    MemoryBag bag;
+    bag.values["Enabled"] = true;
+    viewer.ReadProperties(bag);
+    EXPECT_TRUE(changed.isEmpty());
+}
+
+TEST_F(ViewerTest, APortOutsideTheTcpRangeIsRefused)
+{
+    viewer.setPort(1001);
+    EXPECT_THROW(viewer.setPort(65536), std::invalid_argument);
+    EXPECT_THROW(viewer.setPort(-1), std::invalid_argument);
+    EXPECT_EQ(viewer.port(), 1001);
+}
+
+TEST_F(ViewerTest, ADesignedControlNeverConnects)
+{
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    pointAt(server.serverPort());
+    viewer.setUserMode(false);
+    viewer.show();
+    EXPECT_FALSE(server.waitForNewConnection(300));
+    EXPECT_EQ(viewer.connection().socket().State(), 0);
+    EXPECT_EQ(viewer.PendingRequests(), 0);
+}
+
+TEST_F(ViewerTest, TheFirstShowAsksForAccessToTheMapOnce)
+{
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    pointAt(server.serverPort());
+    viewer.setIDUser(7);
+    viewer.setMapCode(3);
+    viewer.show();
+    ASSERT_TRUE(server.hasPendingConnections() || server.waitForNewConnection(5000));
+    std::unique_ptr<QTcpSocket> peer(server.nextPendingConnection());
+    const QByteArray request10("MIC \x12\0\0\0\x0A\0\x07\0\0\0\x03\0\0\0", 18);
+    EXPECT_EQ(readExactly(*peer, 18), request10);
+    EXPECT_EQ(viewer.PendingRequests(), 1);
+    EXPECT_EQ(viewer.statusText(), "Requesting Map.");
+    EXPECT_TRUE(ui.messages().empty());
+
+    // Hidden and shown again: the connection closes and is not opened again.
+    viewer.hide();
+    EXPECT_EQ(viewer.connection().socket().State(), 0);
+    viewer.show();
+    EXPECT_FALSE(server.waitForNewConnection(300));
+    EXPECT_EQ(viewer.connection().socket().State(), 0);
+}
+
+TEST_F(ViewerTest, AFailedConnectionIsReportedAndTheControlCarriesOn)
+{
+    pointAt(closedPort());
+    viewer.show();
+    ASSERT_EQ(ui.messages().size(), 1u);
+    const ShownMessage& box = ui.messages().front();
+    EXPECT_EQ(box.icon, MessageIcon::Critical);
+    EXPECT_EQ(box.caption, "Orbelan Viewer");
+    EXPECT_EQ(box.text, kConnectionFailure);
+    EXPECT_EQ(viewer.PendingRequests(), 0);
+    EXPECT_EQ(viewer.statusText(), "");
+    EXPECT_TRUE(viewer.isVisible());
+}
+
+TEST_F(ViewerTest, AboutShowsTheAboutBox)
+{
+    viewer.About();
+    ASSERT_EQ(ui.dialogs().size(), 1u);
+    EXPECT_EQ(ui.dialogs().front().objectName, "dlgAbout");
+    EXPECT_EQ(ui.dialogs().front().caption, "About Orbelan Viewer");
+}
+
+TEST_F(ViewerTest, KeysAreReportedWithTheirVirtualKeyCodes)
+{
+    QSignalSpy down(&viewer, &Viewer::KeyDown);
+    QSignalSpy press(&viewer, &Viewer::KeyPress);
+    QSignalSpy up(&viewer, &Viewer::KeyUp);
+    QTest::keyClick(&viewer, Qt::Key_Left, Qt::ShiftModifier);
+    QTest::keyClick(&viewer, Qt::Key_A);
+    ASSERT_EQ(down.size(), 2);
+    EXPECT_EQ(down.at(0), (QVariantList{37, 1}));
+    EXPECT_EQ(down.at(1), (QVariantList{65, 0}));
+    ASSERT_EQ(press.size(), 1);
+    EXPECT_EQ(press.at(0).at(0).toInt(), 'a');
+    EXPECT_EQ(up.size(), 2);
+}
+
+} // namespace
