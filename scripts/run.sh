@@ -1,14 +1,17 @@
 #!/usr/bin/env bash
-# The main job. Installs what is missing and builds everything into build/.
-# The host application and the map server are not there yet: for now this
-# builds the wire codec the two of them will share and says so.
+# The main job: installs what is missing, builds everything into build/ and
+# starts the host application orbelan-viewer. Arguments go to orbelan-viewer
+# (for example --url HOST --port N --user ID --map CODE).
+# Without a display the host runs headless, reading commands from stdin.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
 bash scripts/setup.sh
 cmake --preset default
 cmake --build build
-echo
-echo "Built the wire codec library (build/lib/liborbelan_wire.a)."
-echo "The host application orbelan-viewer and the map server orbelan-server are not built yet;"
-echo "this command will start them once they exist."
+
+if [[ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]]; then
+  exec build/bin/orbelan-viewer "$@"
+fi
+echo "No display: starting orbelan-viewer --headless (type commands, 'quit' to stop; see the README)."
+exec build/bin/orbelan-viewer --headless "$@"
