@@ -1,0 +1,112 @@
+#include "Socket.h"
+
+#include "LoopbackServer.h"
+
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+using namespace orbelan;
+using namespace orbelan::nettest;
+
+namespace {
+
+std::vector<int> reportedStates(const QSignalSpy& spy)
+{
+    std::vector<int> states;
+    for (const QList<QVariant>& arguments : spy) {
+        states.push_back(arguments.at(0).toInt());
+    }
+    return states;
+}
+
+void aimAt(Socket& socket, quint16 port)
+{
+    socket.setRemoteHost(QStringLiteral("127.0.0.1"));
+    socket.setRemotePort(port);
+}
+
+} // namespace
+
+TEST(SocketStates, AConnectionReportsItsStateNumbersAndCloseEndsItAtOnce)
+{
+    LoopbackServer server;
+    Socket socket;
+    QSignalSpy states(&socket, &Socket::StateChanged);
+    EXPECT_EQ(socket.State(), kSocketClosed);
+
+    aimAt(socket, server.port());
+    socket.Connect();
+    ASSERT_TRUE(waitUntil([&] { return socket.State() == kSocketConnected; }));
+    socket.Close();
+    EXPECT_EQ(socket.State(), kSocketClosed);
+    EXPECT_EQ(reportedStates(states),
+              (std::vector<int>{kSocketResolvingHost, kSocketConnecting, kSocketConnected, kSocketClosed}));
+}
+
+TEST(SocketStates, ARefusedConnectionReadsErrorUntilTheNextCloseOrConnect)
+{
+    Socket socket;
+    aimAt(socket, unusedPort());
+    socket.Connect();
+    ASSERT_TRUE(waitUntil([&] { return socket.State() == kSocketError; }));
+    socket.Close();
+    EXPECT_EQ(socket.State(), kSocketClosed);
+
+    socket.Connect();
+    EXPECT_NE(socket.State(), kSocketError);
+    ASSERT_TRUE(waitUntil([&] { return socket.State() == kSocketError; }));
+    socket.Connect();
+    EXPECT_NE(socket.State(), kSocketError);
+}
+
+TEST(SocketStates, APeerClosingTheConnectionLeavesItClosedNotFailed)
+{
+    LoopbackServer server;
+    Socket socket;
+    aimAt(socket, server.port());
+    socket.Connect();
+    ASSERT_TRUE(server.waitForConnections(1));
+    QSignalSpy states(&socket, &Socket::StateChanged);
+
+    server.drop(0);
+    ASSERT_TRUE(waitUntil([&] { return socket.State() == kSocketClosed; }));
+    const std::vector<int> reported = reportedStates(states);
+    EXPECT_EQ(std::count(reported.begin(), reported.end(), kSocketError), 0);
+}
+
+TEST(SocketStates, SendingOnASocketThatIsNotOpenFails)
+{
+    Socket socket;
+    QSignalSpy states(&socket, &Socket::StateChanged);
+    socket.SendData(Bytes{1, 2, 3});
+    EXPECT_EQ(socket.State(), kSocketError);
+    EXPECT_EQ(reportedStates(states), std::vector<int>{kSocketError});
+}
+
+TEST(SocketData, BytesTravelBothWaysAndGetDataTakesThemOut)
+{
+    LoopbackServer server;
+    Socket socket;
+    aimAt(socket, server.port());
+    socket.Connect();
+    ASSERT_TRUE(waitUntil([&] { return socket.State() == kSocketConnected; }));
+
+    // The stored host and port are for the next Connect only.
+    socket.setRemotePort(unusedPort());
+    socket.SendData(Bytes{0x4d, 0x00, 0xff});
+    ASSERT_TRUE(server.waitForReceived(0, 3));
+    EXPECT_EQ(server.received(0), (Bytes{0x4d, 0x00, 0xff}));
+    EXPECT_EQ(socket.State(), kSocketConnected);
+
+    QSignalSpy arrivals(&socket, &Socket::DataArrival);
+    server.write(0, Bytes{9, 8, 7, 6});
+    ASSERT_TRUE(arrivals.wait(static_cast<int>(std::chrono::milliseconds(kWaitLimit).count())));
+    EXPECT_EQ(arrivals.at(0).at(0).toLongLong(), 4);
+    EXPECT_EQ(socket.BytesAvailable(), 4);
+    EXPECT_EQ(socket.GetData(), (Bytes{9, 8, 7, 6}));
+    EXPECT_EQ(socket.BytesAvailable(), 0);
+    EXPECT_TRUE(socket.GetData().empty());
+}
