@@ -62,7 +62,6 @@ public:
     // Message boxes and modal dialogs go through these services (not owned);
     // by default real widgets are used.
     void setUiServices(UiServices& services);
-    UiServices& uiServices() const { return *ui_; }
 
     // True in applications; false in a designer, where the control never
     // connects.
@@ -112,7 +111,6 @@ public:
     // The steps in progress, one per line, as the status label shows them.
     QString statusText() const;
     void changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName = {});
-    const QImage& mapImage() const { return imgMap_; }
 
 signals:
     void propertyChanged(const QString& key);
