@@ -1,0 +1,33 @@
+#pragma once
+
+#include "CommandCatalogue.h"
+#include "DWBUffer.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace orbelan::messages {
+
+// Reply 105: the values of one field for the elements of a cell. Each distinct
+// value travels once; the elements refer to it by its 1-based number.
+struct CellFieldValues {
+    static constexpr CommandCode kCode = CommandCode::CellFieldValues;
+
+    struct Reference {
+        std::int32_t element = 0;
+        std::int32_t value = 0;
+        bool operator==(const Reference&) const = default;
+    };
+
+    std::int32_t layer = 0;
+    std::string field;
+    std::vector<Reference> references;
+    std::vector<std::string> values;
+
+    void encode(DWBUffer& message) const;
+    static CellFieldValues decode(DWBUffer& message);
+    bool operator==(const CellFieldValues&) const = default;
+};
+
+} // namespace orbelan::messages
