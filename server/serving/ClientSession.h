@@ -1,0 +1,51 @@
+#pragma once
+
+#include "MessageFramer.h"
+#include "RequestHandler.h"
+#include "ServerLog.h"
+#include "SessionState.h"
+
+#include <QObject>
+#include <QTcpSocket>
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace orbelan::server {
+
+// One client connection: cuts its byte stream into requests, answers each in
+// order and writes the replies back. It deletes itself once the connection
+// has closed.
+//
+// Bytes that are not a message (a wrong signature, a length beyond the
+// limit) mean the stream can no longer be trusted: they are logged and the
+// connection is closed, after the whole requests before them were answered.
+class ClientSession : public QObject {
+    Q_OBJECT
+
+public:
+    // The largest request the server reads; real requests are far smaller.
+    static constexpr std::size_t kMaximumRequestLength = 1024 * 1024;
+
+    ClientSession(QTcpSocket* socket, std::uint64_t number, RequestHandler& handler,
+                  ServerLog& log, QObject* parent = nullptr);
+
+private:
+    void readArrived();
+    // False when the connection is being closed.
+    bool answer(std::span<const std::uint8_t> request);
+    void closeConnection();
+    void closed();
+    std::string prefix() const;
+
+    QTcpSocket* socket_;
+    std::uint64_t number_;
+    RequestHandler& handler_;
+    ServerLog& log_;
+    MessageFramer framer_{kMaximumRequestLength};
+    SessionState state_;
+    bool closing_ = false;
+};
+
+} // namespace orbelan::server

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "MapReader.h"
+#include "RequestHandler.h"
+#include "ServerLog.h"
+
+#include <QHostAddress>
+#include <QObject>
+#include <QString>
+#include <QTcpServer>
+
+#include <cstdint>
+
+namespace orbelan::server {
+
+// Listens for clients and gives each connection its own session; all of
+// them are served from the one event loop.
+class MapServer : public QObject {
+    Q_OBJECT
+
+public:
+    MapServer(MapReader& reader, ServerLog& log, QObject* parent = nullptr);
+
+    // False, with errorString() telling why, when the address cannot be bound.
+    bool listen(const QHostAddress& address, quint16 port);
+    quint16 port() const { return server_.serverPort(); }
+    QString errorString() const { return server_.errorString(); }
+
+private:
+    void acceptConnections();
+
+    RequestHandler handler_;
+    ServerLog& log_;
+    QTcpServer server_;
+    std::uint64_t connections_ = 0;
+};
+
+} // namespace orbelan::server

@@ -1,0 +1,199 @@
+#include "RequestHandler.h"
+
+#include "AccessAnswer.h"
+#include "AccessRequest.h"
+#include "CellFieldValuesBuilder.h"
+#include "CellFieldValuesRequest.h"
+#include "CellGeometry.h"
+#include "CellGeometryRequest.h"
+#include "CommandCatalogue.h"
+#include "LayerAccessLevels.h"
+#include "LayerAccessLevelsRequest.h"
+#include "MapDefinitionRequest.h"
+#include "MessageIO.h"
+#include "WireReadError.h"
+
+#include <QString>
+
+namespace orbelan::server {
+
+namespace {
+
+using Action = HandlerOutcome::Action;
+
+template <typename Message>
+HandlerOutcome replyWith(const Message& message, const std::string& summary,
+                         const RequestHandler::Remarks& remarks)
+{
+    return {Action::Reply, messages::buildMessage(message), summary + remarks.text,
+            remarks.notable};
+}
+
+HandlerOutcome refuse(Action action, std::string note)
+{
+    return {action, DWBUffer(), std::move(note), true};
+}
+
+std::string commandName(std::int16_t code)
+{
+    const CommandInfo* info = findCommand(code);
+    return info ? std::string(info->name) + " (" + std::to_string(code) + ")"
+                : "command " + std::to_string(code);
+}
+
+std::string cellText(std::int32_t layer, std::int32_t row, std::int32_t column)
+{
+    return "layer " + std::to_string(layer) + " cell (" + std::to_string(row) + ", " +
+           std::to_string(column) + ")";
+}
+
+} // namespace
+
+RequestHandler::RequestHandler(MapReader& reader) : reader_(reader) {}
+
+HandlerOutcome RequestHandler::handle(SessionState& session, DWBUffer& message)
+{
+    const std::int16_t code = codeNumber(messages::readHeader(message));
+    if (!session.passed && code != codeNumber(CommandCode::AccessRequest)) {
+        return refuse(Action::Close, commandName(code) + " before the access request");
+    }
+    try {
+        return dispatch(session, code, message);
+    } catch (const WireReadError& error) {
+        return refuse(Action::Drop, "malformed " + commandName(code) + ": " + error.what());
+    }
+}
+
+HandlerOutcome RequestHandler::dispatch(SessionState& session, std::int16_t code,
+                                        DWBUffer& message)
+{
+    switch (static_cast<CommandCode>(code)) {
+    case CommandCode::AccessRequest:
+        return access(session, message);
+    case CommandCode::MapDefinitionRequest:
+        return mapDefinition(session, message);
+    case CommandCode::LayerAccessLevelsRequest:
+        return layerLevels(session, message);
+    case CommandCode::CellGeometryRequest:
+        return cellGeometry(session, message);
+    case CommandCode::CellFieldValuesRequest:
+        return cellValues(session, message);
+    default:
+        break;
+    }
+    const CommandInfo* info = findCommand(code);
+    if (info && info->direction == Direction::ClientToServer) {
+        return refuse(Action::Drop, commandName(code) + " is not served by this server");
+    }
+    return refuse(Action::Drop, "unknown " + commandName(code));
+}
+
+HandlerOutcome RequestHandler::access(SessionState& session, DWBUffer& message)
+{
+    const auto request = messages::AccessRequest::decode(message);
+    Remarks remarks;
+    fill(remarks, [&] { session.passed = reader_.mayOpen(request.user, request.map); });
+    session.user = session.passed ? request.user : 0;
+    session.map = session.passed ? request.map : 0;
+    if (!session.passed) {
+        remarks.add("; refused");
+    }
+    const messages::AccessAnswer answer{session.passed ? messages::AccessAnswer::kGranted
+                                                       : messages::AccessAnswer::kRefused};
+    return replyWith(answer,
+                     "access of user " + std::to_string(request.user) + " to map " +
+                         std::to_string(request.map),
+                     remarks);
+}
+
+HandlerOutcome RequestHandler::mapDefinition(const SessionState& session, DWBUffer& message)
+{
+    const auto request = messages::MapDefinitionRequest::decode(message);
+    messages::MapDefinition definition;
+    Remarks remarks;
+    fill(remarks, [&] {
+        if (!reader_.mayOpen(session.user, request.map)) {
+            remarks.add("; not open to this user");
+            return;
+        }
+        definition = reader_.mapDefinition(request.map).value_or(messages::MapDefinition{});
+    });
+    return replyWith(definition,
+                     "definition of map " + std::to_string(request.map) + ": " +
+                         std::to_string(definition.layers.size()) + " layers",
+                     remarks);
+}
+
+HandlerOutcome RequestHandler::layerLevels(const SessionState& session, DWBUffer& message)
+{
+    const auto request = messages::LayerAccessLevelsRequest::decode(message);
+    messages::LayerAccessLevels reply;
+    Remarks remarks;
+    fill(remarks, [&] {
+        for (const std::int32_t layer : request.layers) {
+            reply.levels.push_back({layer, reader_.layerLevel(session.user, session.map, layer)});
+        }
+    });
+    return replyWith(reply, "access levels of " + std::to_string(reply.levels.size()) + " layers",
+                     remarks);
+}
+
+HandlerOutcome RequestHandler::cellGeometry(const SessionState& session, DWBUffer& message)
+{
+    const auto request = messages::CellGeometryRequest::decode(message);
+    messages::CellGeometry reply;
+    reply.layer = request.layer;
+    reply.row = request.row;
+    reply.column = request.column;
+    Remarks remarks;
+    fill(remarks, [&] {
+        if (reader_.layerLevel(session.user, session.map, request.layer) == 0) {
+            remarks.add("; no access to the layer");
+            return;
+        }
+        reply.elements = reader_.cellElements(request.layer, request.row, request.column);
+    });
+    reply.chooseCoordinates();
+    return replyWith(reply,
+                     "geometry of " + cellText(request.layer, request.row, request.column) + ": " +
+                         std::to_string(reply.elements.size()) + " elements",
+                     remarks);
+}
+
+HandlerOutcome RequestHandler::cellValues(const SessionState& session, DWBUffer& message)
+{
+    const auto request = messages::CellFieldValuesRequest::decode(message);
+    messages::CellFieldValuesBuilder builder(request.layer, request.field);
+    Remarks remarks;
+    fill(remarks, [&] {
+        const auto field =
+            reader_.storedFieldName(request.layer, QString::fromStdString(request.field));
+        if (!field || reader_.layerLevel(session.user, session.map, request.layer) == 0) {
+            remarks.add("; no such field or no access to the layer");
+            return;
+        }
+        for (const auto& [element, value] :
+             reader_.cellValues(request.layer, request.row, request.column, *field)) {
+            if (element != 0) {
+                builder.add(element, value);
+            }
+        }
+    });
+    const messages::CellFieldValues reply = builder.take();
+    return replyWith(reply,
+                     "values of \"" + request.field + "\" in " +
+                         cellText(request.layer, request.row, request.column) + ": " +
+                         std::to_string(reply.references.size()) + " elements",
+                     remarks);
+}
+
+void RequestHandler::fill(Remarks& remarks, const std::function<void()>& read)
+{
+    try {
+        read();
+    } catch (const std::exception& error) {
+        remarks.add(std::string("; store failure: ") + error.what());
+    }
+}
+
+} // namespace orbelan::server

@@ -1,0 +1,233 @@
+#include "MapReader.h"
+
+#include "AttributeTable.h"
+#include "VertexBlob.h"
+
+#include <QVariant>
+
+namespace orbelan::server {
+
+namespace {
+
+std::int16_t shortAt(const QSqlQuery& row, int column)
+{
+    return static_cast<std::int16_t>(row.value(column).toInt());
+}
+
+std::int32_t longAt(const QSqlQuery& row, int column)
+{
+    return static_cast<std::int32_t>(row.value(column).toLongLong());
+}
+
+float singleAt(const QSqlQuery& row, int column)
+{
+    return static_cast<float>(row.value(column).toDouble());
+}
+
+std::string textAt(const QSqlQuery& row, int column)
+{
+    return row.value(column).toString().toStdString();
+}
+
+} // namespace
+
+MapReader::MapReader(Database& database)
+    : database_(database),
+      mayOpen_(database.prepare(QStringLiteral(
+          "SELECT 1 FROM map_access WHERE user_id = ? AND map_code = ?"))),
+      map_(database.prepare(QStringLiteral(
+          "SELECT name, min_x, min_y, max_x, max_y, background, projection FROM maps "
+          "WHERE code = ?"))),
+      layers_(database.prepare(QStringLiteral(
+          "SELECT name, id, type, grid_delta_x, grid_delta_y, visibility, zoom_min, zoom_max, "
+          "draw_color, draw_style, draw_width, fill_color, fill_style, label_field, "
+          "label_zoom_min, label_zoom_max, label_visibility, label_bold, label_color, "
+          "thematic_field, thematic_type FROM layers WHERE map_code = ? ORDER BY position"))),
+      gridBounds_(database.prepare(QStringLiteral(
+          "SELECT MIN(cell_row), MAX(cell_row), MIN(cell_col), MAX(cell_col) FROM cells "
+          "WHERE layer_id = ?"))),
+      fields_(database.prepare(QStringLiteral(
+          "SELECT name, ado_type FROM fields WHERE layer_id = ? ORDER BY position"))),
+      classes_(database.prepare(QStringLiteral(
+          "SELECT min_value, max_value, draw_color, draw_style, draw_width, fill_color, "
+          "fill_style FROM thematic_classes WHERE layer_id = ? ORDER BY position"))),
+      level_(database.prepare(QStringLiteral(
+          "SELECT a.level FROM layers l JOIN layer_access a ON a.layer_id = l.id "
+          "WHERE a.user_id = ? AND l.id = ? AND l.map_code = ?"))),
+      cellElements_(database.prepare(QStringLiteral(
+          "SELECT e.id, e.vertices FROM cells c JOIN elements e "
+          "ON e.layer_id = c.layer_id AND e.id = c.element_id "
+          "WHERE c.layer_id = ? AND c.cell_row = ? AND c.cell_col = ? ORDER BY c.element_id"))),
+      fieldName_(database.prepare(QStringLiteral(
+          "SELECT name FROM fields WHERE layer_id = ? AND name = ?")))
+{
+}
+
+bool MapReader::mayOpen(std::int32_t user, std::int32_t map)
+{
+    Database::runWith(mayOpen_, {user, map});
+    const bool found = mayOpen_.next();
+    mayOpen_.finish();
+    return found;
+}
+
+std::optional<messages::MapDefinition> MapReader::mapDefinition(std::int32_t map)
+{
+    Database::runWith(map_, {map});
+    if (!map_.next()) {
+        map_.finish();
+        return std::nullopt;
+    }
+    messages::MapDefinition definition;
+    definition.name = textAt(map_, 0);
+    definition.minX = singleAt(map_, 1);
+    definition.minY = singleAt(map_, 2);
+    definition.maxX = singleAt(map_, 3);
+    definition.maxY = singleAt(map_, 4);
+    definition.background = longAt(map_, 5);
+    definition.projection = shortAt(map_, 6);
+    map_.finish();
+
+    Database::runWith(layers_, {map});
+    while (layers_.next()) {
+        definition.layers.push_back(layerFrom(layers_));
+    }
+    layers_.finish();
+    for (messages::LayerRecord& layer : definition.layers) {
+        readGridBounds(layer);
+        readFields(layer);
+        readClasses(layer);
+    }
+    return definition;
+}
+
+messages::LayerRecord MapReader::layerFrom(const QSqlQuery& row)
+{
+    messages::LayerRecord layer;
+    layer.name = textAt(row, 0);
+    layer.id = longAt(row, 1);
+    layer.type = shortAt(row, 2);
+    layer.gridDeltaX = singleAt(row, 3);
+    layer.gridDeltaY = singleAt(row, 4);
+    layer.visibility = shortAt(row, 5);
+    layer.zoomMin = singleAt(row, 6);
+    layer.zoomMax = singleAt(row, 7);
+    layer.drawColor = longAt(row, 8);
+    layer.drawStyle = shortAt(row, 9);
+    layer.drawWidth = shortAt(row, 10);
+    layer.fillColor = longAt(row, 11);
+    layer.fillStyle = shortAt(row, 12);
+    layer.labelField = textAt(row, 13);
+    layer.labelZoomMin = singleAt(row, 14);
+    layer.labelZoomMax = singleAt(row, 15);
+    layer.labelVisibility = shortAt(row, 16);
+    layer.labelBold = shortAt(row, 17);
+    layer.labelColor = longAt(row, 18);
+    layer.thematicField = textAt(row, 19);
+    layer.thematicType = shortAt(row, 20);
+    return layer;
+}
+
+// The client clamps rows with the first and third bound and columns with the
+// second and fourth. A layer without elements gets an empty row range.
+void MapReader::readGridBounds(messages::LayerRecord& layer)
+{
+    Database::runWith(gridBounds_, {layer.id});
+    if (gridBounds_.next() && !gridBounds_.value(0).isNull()) {
+        layer.minCol = longAt(gridBounds_, 0);
+        layer.maxCol = longAt(gridBounds_, 1);
+        layer.minRow = longAt(gridBounds_, 2);
+        layer.maxRow = longAt(gridBounds_, 3);
+    } else {
+        layer.minCol = 0;
+        layer.maxCol = -1;
+        layer.minRow = 0;
+        layer.maxRow = -1;
+    }
+    gridBounds_.finish();
+}
+
+void MapReader::readFields(messages::LayerRecord& layer)
+{
+    Database::runWith(fields_, {layer.id});
+    while (fields_.next()) {
+        layer.fields.push_back({textAt(fields_, 0), shortAt(fields_, 1)});
+    }
+    fields_.finish();
+}
+
+void MapReader::readClasses(messages::LayerRecord& layer)
+{
+    Database::runWith(classes_, {layer.id});
+    while (classes_.next()) {
+        layer.classes.push_back({textAt(classes_, 0), textAt(classes_, 1), longAt(classes_, 2),
+                                 shortAt(classes_, 3), shortAt(classes_, 4), longAt(classes_, 5),
+                                 shortAt(classes_, 6)});
+    }
+    classes_.finish();
+}
+
+std::int16_t MapReader::layerLevel(std::int32_t user, std::int32_t map, std::int32_t layer)
+{
+    Database::runWith(level_, {user, layer, map});
+    const std::int16_t level = level_.next() ? shortAt(level_, 0) : std::int16_t{0};
+    level_.finish();
+    return level;
+}
+
+std::vector<messages::CellElement> MapReader::cellElements(std::int32_t layer, std::int32_t row,
+                                                           std::int32_t column)
+{
+    Database::runWith(cellElements_, {layer, row, column});
+    std::vector<messages::CellElement> elements;
+    while (cellElements_.next()) {
+        elements.push_back(
+            {longAt(cellElements_, 0), VertexBlob::unpack(cellElements_.value(1).toByteArray())});
+    }
+    cellElements_.finish();
+    return elements;
+}
+
+std::optional<QString> MapReader::storedFieldName(std::int32_t layer, const QString& requested)
+{
+    Database::runWith(fieldName_, {layer, requested});
+    std::optional<QString> name;
+    if (fieldName_.next()) {
+        name = fieldName_.value(0).toString();
+    }
+    fieldName_.finish();
+    return name;
+}
+
+std::vector<CellValue> MapReader::cellValues(std::int32_t layer, std::int32_t row,
+                                             std::int32_t column, const QString& storedField)
+{
+    QSqlQuery& query = valuesQuery(layer, storedField);
+    Database::runWith(query, {layer, row, column});
+    std::vector<CellValue> values;
+    while (query.next()) {
+        values.emplace_back(longAt(query, 0), AttributeTable::text(query.value(1)));
+    }
+    query.finish();
+    return values;
+}
+
+// One statement per layer and field, made from the stored field name only.
+QSqlQuery& MapReader::valuesQuery(std::int32_t layer, const QString& storedField)
+{
+    const auto key = std::make_pair(layer, storedField);
+    auto found = values_.find(key);
+    if (found == values_.end()) {
+        const QString sql =
+            QStringLiteral("SELECT c.element_id, a.%1 FROM cells c LEFT JOIN %2 a "
+                           "ON a.element_id = c.element_id "
+                           "WHERE c.layer_id = ? AND c.cell_row = ? AND c.cell_col = ? "
+                           "ORDER BY c.element_id")
+                .arg(AttributeTable::quoted(storedField),
+                     AttributeTable::quoted(AttributeTable::name(layer)));
+        found = values_.emplace(key, database_.prepare(sql)).first;
+    }
+    return found->second;
+}
+
+} // namespace orbelan::server

@@ -1,0 +1,132 @@
+#include "Schema.h"
+
+namespace orbelan::server {
+
+namespace {
+
+const char* const kUsers = R"(
+CREATE TABLE IF NOT EXISTS users (
+    id            INTEGER PRIMARY KEY,
+    name          TEXT NOT NULL UNIQUE,
+    password_hash TEXT
+))";
+
+const char* const kMaps = R"(
+CREATE TABLE IF NOT EXISTS maps (
+    code       INTEGER PRIMARY KEY,
+    name       TEXT NOT NULL,
+    min_x      REAL NOT NULL,
+    min_y      REAL NOT NULL,
+    max_x      REAL NOT NULL,
+    max_y      REAL NOT NULL,
+    background INTEGER NOT NULL,
+    projection INTEGER NOT NULL
+))";
+
+const char* const kMapAccess = R"(
+CREATE TABLE IF NOT EXISTS map_access (
+    user_id  INTEGER NOT NULL REFERENCES users(id) ON DELETE CASCADE,
+    map_code INTEGER NOT NULL REFERENCES maps(code) ON DELETE CASCADE,
+    PRIMARY KEY (user_id, map_code)
+) WITHOUT ROWID)";
+
+const char* const kLayers = R"(
+CREATE TABLE IF NOT EXISTS layers (
+    id               INTEGER PRIMARY KEY,
+    map_code         INTEGER NOT NULL REFERENCES maps(code) ON DELETE CASCADE,
+    position         INTEGER NOT NULL,
+    name             TEXT NOT NULL,
+    type             INTEGER NOT NULL CHECK (type IN (1, 2, 4, 5)),
+    grid_delta_x     REAL NOT NULL CHECK (grid_delta_x > 0),
+    grid_delta_y     REAL NOT NULL CHECK (grid_delta_y > 0),
+    visibility       INTEGER NOT NULL,
+    zoom_min         REAL NOT NULL,
+    zoom_max         REAL NOT NULL,
+    draw_color       INTEGER NOT NULL,
+    draw_style       INTEGER NOT NULL,
+    draw_width       INTEGER NOT NULL,
+    fill_color       INTEGER NOT NULL,
+    fill_style       INTEGER NOT NULL,
+    label_field      TEXT NOT NULL,
+    label_zoom_min   REAL NOT NULL,
+    label_zoom_max   REAL NOT NULL,
+    label_visibility INTEGER NOT NULL,
+    label_bold       INTEGER NOT NULL,
+    label_color      INTEGER NOT NULL,
+    thematic_field   TEXT NOT NULL,
+    thematic_type    INTEGER NOT NULL,
+    UNIQUE (map_code, position)
+))";
+
+const char* const kFields = R"(
+CREATE TABLE IF NOT EXISTS fields (
+    layer_id INTEGER NOT NULL REFERENCES layers(id) ON DELETE CASCADE,
+    position INTEGER NOT NULL,
+    name     TEXT NOT NULL COLLATE NOCASE,
+    ado_type INTEGER NOT NULL,
+    PRIMARY KEY (layer_id, position),
+    UNIQUE (layer_id, name)
+) WITHOUT ROWID)";
+
+const char* const kThematicClasses = R"(
+CREATE TABLE IF NOT EXISTS thematic_classes (
+    layer_id   INTEGER NOT NULL REFERENCES layers(id) ON DELETE CASCADE,
+    position   INTEGER NOT NULL,
+    min_value  TEXT NOT NULL,
+    max_value  TEXT NOT NULL,
+    draw_color INTEGER NOT NULL,
+    draw_style INTEGER NOT NULL,
+    draw_width INTEGER NOT NULL,
+    fill_color INTEGER NOT NULL,
+    fill_style INTEGER NOT NULL,
+    PRIMARY KEY (layer_id, position)
+) WITHOUT ROWID)";
+
+const char* const kLayerAccess = R"(
+CREATE TABLE IF NOT EXISTS layer_access (
+    user_id  INTEGER NOT NULL REFERENCES users(id) ON DELETE CASCADE,
+    layer_id INTEGER NOT NULL REFERENCES layers(id) ON DELETE CASCADE,
+    level    INTEGER NOT NULL CHECK (level BETWEEN 0 AND 3),
+    PRIMARY KEY (user_id, layer_id)
+) WITHOUT ROWID)";
+
+const char* const kElements = R"(
+CREATE TABLE IF NOT EXISTS elements (
+    layer_id INTEGER NOT NULL REFERENCES layers(id) ON DELETE CASCADE,
+    id       INTEGER NOT NULL CHECK (id > 0),
+    vertices BLOB NOT NULL,
+    min_x    REAL NOT NULL,
+    min_y    REAL NOT NULL,
+    max_x    REAL NOT NULL,
+    max_y    REAL NOT NULL,
+    PRIMARY KEY (layer_id, id)
+) WITHOUT ROWID)";
+
+const char* const kCells = R"(
+CREATE TABLE IF NOT EXISTS cells (
+    layer_id   INTEGER NOT NULL,
+    cell_row   INTEGER NOT NULL,
+    cell_col   INTEGER NOT NULL,
+    element_id INTEGER NOT NULL,
+    PRIMARY KEY (layer_id, cell_row, cell_col, element_id),
+    FOREIGN KEY (layer_id, element_id) REFERENCES elements(layer_id, id) ON DELETE CASCADE
+) WITHOUT ROWID)";
+
+const char* const kCellsByElement =
+    "CREATE INDEX IF NOT EXISTS cells_by_element ON cells (layer_id, element_id)";
+
+} // namespace
+
+const QStringList& Schema::statements()
+{
+    static const QStringList all = {
+        QString::fromUtf8(kUsers),    QString::fromUtf8(kMaps),
+        QString::fromUtf8(kMapAccess), QString::fromUtf8(kLayers),
+        QString::fromUtf8(kFields),    QString::fromUtf8(kThematicClasses),
+        QString::fromUtf8(kLayerAccess), QString::fromUtf8(kElements),
+        QString::fromUtf8(kCells),     QString::fromUtf8(kCellsByElement),
+    };
+    return all;
+}
+
+} // namespace orbelan::server

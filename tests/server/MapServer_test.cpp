@@ -1,0 +1,187 @@
+#include "AccessAnswer.h"
+#include "AccessRequest.h"
+#include "CellFieldValues.h"
+#include "CellFieldValuesRequest.h"
+#include "CellGeometry.h"
+#include "CellGeometryRequest.h"
+#include "LayerAccessLevels.h"
+#include "LayerAccessLevelsRequest.h"
+#include "MapDefinition.h"
+#include "MapDefinitionRequest.h"
+#include "SampleStore.h"
+#include "ServerThread.h"
+#include "WireClient.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+using namespace orbelan;
+using namespace orbelan::messages;
+
+namespace {
+
+constexpr double kCentimetreInDegrees = 0.01 / 111'000.0;
+
+class MapServerTest : public ::testing::Test {
+protected:
+    void SetUp() override { port = server->start(); }
+
+    // A client that has passed the access request as the user.
+    std::unique_ptr<WireClient> admitted(std::int32_t user)
+    {
+        auto client = std::make_unique<WireClient>(port);
+        const auto answer = client->ask<AccessAnswer>(AccessRequest{user, SampleStore::kMap});
+        EXPECT_TRUE(answer && answer->granted());
+        return client;
+    }
+
+    SampleStore store;
+    std::unique_ptr<ServerThread> server = std::make_unique<ServerThread>(store.path());
+    quint16 port = 0;
+};
+
+TEST_F(MapServerTest, StartupExchangeGivesTheMapAndTheConnectionsOwnLevels)
+{
+    auto client = admitted(2);
+    const auto map = client->ask<MapDefinition>(MapDefinitionRequest{SampleStore::kMap});
+    ASSERT_TRUE(map);
+    EXPECT_EQ(map->name, "Ñuñoa");
+    ASSERT_EQ(map->layers.size(), 4u);
+    EXPECT_EQ(map->layers[0].id, SampleStore::kStreets);
+    EXPECT_EQ(map->layers[0].minCol, 5655);
+    EXPECT_EQ(map->layers[0].minRow, 10935);
+    EXPECT_EQ(map->layers[1].thematicField, "USO");
+    EXPECT_EQ(map->layers[1].classes.size(), 2u);
+
+    // The user id of the request is not the connection's: user 2's levels come back.
+    const auto levels = client->ask<LayerAccessLevels>(LayerAccessLevelsRequest{
+        1, {SampleStore::kStreets, SampleStore::kLandmarks, SampleStore::kOtherLayer, 999}});
+    ASSERT_TRUE(levels);
+    const std::vector<LayerAccessLevels::Entry> expected = {{SampleStore::kStreets, 1},
+                                                            {SampleStore::kLandmarks, 0},
+                                                            {SampleStore::kOtherLayer, 0},
+                                                            {999, 0}};
+    EXPECT_EQ(levels->levels, expected);
+}
+
+TEST_F(MapServerTest, CellsCarryGeometryAndValuesWithinACentimetre)
+{
+    auto client = admitted(1);
+    const auto streets = client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    ASSERT_TRUE(streets);
+    EXPECT_EQ(streets->row, 5655);
+    EXPECT_EQ(streets->column, 10935);
+    EXPECT_TRUE(streets->relative);
+    ASSERT_EQ(streets->elements.size(), 3u);
+    EXPECT_NEAR(streets->elements[0].points[1].x, -70.6489, kCentimetreInDegrees);
+    EXPECT_NEAR(streets->elements[0].points[1].y, -33.4502, kCentimetreInDegrees);
+
+    const auto world = client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kWorld, 2, 3});
+    ASSERT_TRUE(world);
+    EXPECT_FALSE(world->relative);
+    ASSERT_EQ(world->elements.size(), 1u);
+    EXPECT_EQ(world->elements[0].points[0], (WirePoint{-120.123456789, -40.0}));
+
+    const auto labels = client->ask<CellFieldValues>(
+        CellFieldValuesRequest{SampleStore::kStreets, 5655, 10935, "street"});
+    ASSERT_TRUE(labels);
+    EXPECT_EQ(labels->field, "street");
+    EXPECT_EQ(labels->values, (std::vector<std::string>{"Alameda", "Matucana"}));
+    const std::vector<CellFieldValues::Reference> refs = {{1, 1}, {2, 1}, {3, 2}};
+    EXPECT_EQ(labels->references, refs);
+}
+
+TEST_F(MapServerTest, ALargePolygonIsServedInEveryCellOfItsBox)
+{
+    auto client = admitted(1);
+    int served = 0;
+    for (std::int32_t row = 5651; row <= 5658; ++row) {
+        for (std::int32_t column = 10930; column <= 10935; ++column) {
+            const auto cell = client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kBlocks, row, column});
+            ASSERT_TRUE(cell);
+            served += static_cast<int>(cell->elements.size());
+        }
+    }
+    EXPECT_EQ(served, 24);
+}
+
+// Each of these still gets exactly one reply, in order, so a client that
+// counts replies is never left waiting.
+TEST_F(MapServerTest, UnknownOrForbiddenRequestsGetOneEmptyReplyEach)
+{
+    auto client = admitted(2);
+    client->send(CellGeometryRequest{999, 5655, 10935});
+    client->send(CellGeometryRequest{SampleStore::kStreets, 1, 1});
+    client->send(CellGeometryRequest{SampleStore::kLandmarks, 5655, 10935});
+    client->send(CellFieldValuesRequest{SampleStore::kStreets, 5655, 10935, "NOPE"});
+    client->send(CellFieldValuesRequest{SampleStore::kStreets, 5655, 10935, "STREET\xC2\x81"});
+    client->send(CellGeometryRequest{SampleStore::kOtherLayer, 5655, 10935});
+    client->send(MapDefinitionRequest{SampleStore::kOtherMap});
+    for (int i = 0; i < 3; ++i) {
+        const auto cell = client->reply<CellGeometry>();
+        ASSERT_TRUE(cell) << "reply " << i;
+        EXPECT_TRUE(cell->elements.empty());
+    }
+    for (const char* field : {"NOPE", "STREET\xC2\x81"}) {
+        const auto values = client->reply<CellFieldValues>();
+        ASSERT_TRUE(values);
+        EXPECT_EQ(values->field, field);
+        EXPECT_TRUE(values->references.empty() && values->values.empty());
+    }
+    const auto other = client->reply<CellGeometry>();
+    ASSERT_TRUE(other);
+    EXPECT_TRUE(other->elements.empty());
+    const auto otherMap = client->reply<MapDefinition>();
+    ASSERT_TRUE(otherMap);
+    EXPECT_TRUE(otherMap->layers.empty());
+}
+
+TEST_F(MapServerTest, AccessIsRefusedAndARequestBeforeItClosesTheConnection)
+{
+    WireClient refused(port);
+    const auto answer = refused.ask<AccessAnswer>(AccessRequest{3, SampleStore::kMap});
+    ASSERT_TRUE(answer);
+    EXPECT_FALSE(answer->granted());
+    refused.send(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    EXPECT_TRUE(refused.closedByServer());
+
+    WireClient early(port);
+    early.send(MapDefinitionRequest{SampleStore::kMap});
+    EXPECT_TRUE(early.closedByServer());
+    EXPECT_NE(server->log().find("before the access request"), std::string::npos);
+}
+
+TEST_F(MapServerTest, BadInputIsDroppedOrClosedWhileOthersAreServed)
+{
+    auto bystander = admitted(1);
+
+    auto client = admitted(1);
+    DWBUffer truncated = buildMessage(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    std::vector<std::uint8_t> bytes = truncated.buffer();
+    bytes.resize(bytes.size() - 3);
+    bytes[4] = static_cast<std::uint8_t>(bytes.size());
+    client->sendBytes(bytes);
+    DWBUffer unknown;
+    unknown.CrearHeader();
+    unknown.PutInteger(999);
+    unknown.cerrarMensaje(0);
+    client->sendBytes(unknown.buffer());
+    const auto answer = client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    ASSERT_TRUE(answer) << "the dropped requests were not answered, the next one was";
+    EXPECT_EQ(answer->elements.size(), 3u);
+
+    WireClient oversized(port);
+    oversized.sendBytes({'M', 'I', 'C', ' ', 0xFF, 0xFF, 0xFF, 0x7F, 2, 0});
+    EXPECT_TRUE(oversized.closedByServer());
+
+    const auto served = bystander->ask<CellGeometry>(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    ASSERT_TRUE(served);
+    EXPECT_EQ(served->elements.size(), 3u);
+    const std::string log = server->log();
+    EXPECT_NE(log.find("malformed cell geometry request"), std::string::npos);
+    EXPECT_NE(log.find("unknown command 999"), std::string::npos);
+    EXPECT_NE(log.find("not a request"), std::string::npos);
+}
+
+} // namespace

@@ -1,0 +1,154 @@
+#include "Database.h"
+#include "MapReader.h"
+#include "MapWriter.h"
+#include "SampleStore.h"
+#include "StorageError.h"
+
+#include <gtest/gtest.h>
+
+#include <QSqlQuery>
+
+#include <set>
+
+using namespace orbelan;
+using namespace orbelan::server;
+
+namespace {
+
+std::int64_t countOf(Database& database, const QString& sql)
+{
+    QSqlQuery query = database.prepare(sql);
+    Database::run(query);
+    return query.next() ? query.value(0).toLongLong() : -1;
+}
+
+class MapStore : public ::testing::Test {
+protected:
+    SampleStore store;
+    MapReader reader{store.database()};
+};
+
+TEST_F(MapStore, MapDefinitionHoldsLayersInDrawingOrderWithFieldsAndClasses)
+{
+    const auto map = reader.mapDefinition(SampleStore::kMap);
+    ASSERT_TRUE(map);
+    EXPECT_EQ(map->name, "Ñuñoa");
+    EXPECT_EQ(map->projection, 81);
+    EXPECT_EQ(map->background, 0xF0F0F0);
+    EXPECT_FLOAT_EQ(map->minX, -70.7f);
+    ASSERT_EQ(map->layers.size(), 4u);
+    EXPECT_EQ(map->layers[0].name, "Calles");
+    EXPECT_EQ(map->layers[1].name, "Manzanas");
+    EXPECT_EQ(map->layers[2].name, "Hitos");
+    EXPECT_EQ(map->layers[0].labelField, "STREET");
+    EXPECT_EQ(map->layers[0].labelBold, 1);
+    const std::vector<messages::FieldRecord> fields = {{"USO", 202}, {"AREA", 5}};
+    EXPECT_EQ(map->layers[1].fields, fields);
+    ASSERT_EQ(map->layers[1].classes.size(), 2u);
+    EXPECT_EQ(map->layers[1].classes[1].minimum, "Residencial");
+    EXPECT_FALSE(reader.mapDefinition(99));
+}
+
+// The client clamps rows with the first and third bound and columns with the
+// second and fourth.
+TEST_F(MapStore, GridBoundsSpanTheCellsThatHoldData)
+{
+    const auto map = reader.mapDefinition(SampleStore::kMap);
+    ASSERT_TRUE(map);
+    const messages::LayerRecord& blocks = map->layers[1];
+    EXPECT_EQ(blocks.minCol, 5652);
+    EXPECT_EQ(blocks.maxCol, 5657);
+    EXPECT_EQ(blocks.minRow, 10931);
+    EXPECT_EQ(blocks.maxRow, 10934);
+
+    MapWriter writer(store.database());
+    messages::LayerRecord empty;
+    empty.name = "Vacía";
+    empty.type = 1;
+    writer.addLayer(SampleStore::kMap, empty);
+    const messages::LayerRecord added = reader.mapDefinition(SampleStore::kMap)->layers.back();
+    EXPECT_LT(added.maxCol, added.minCol) << "a layer without data offers no row";
+}
+
+TEST_F(MapStore, AnElementIsFiledInEveryCellItsBoxTouches)
+{
+    std::set<std::pair<int, int>> filed;
+    for (int row = 5650; row <= 5660; ++row) {
+        for (int column = 10929; column <= 10937; ++column) {
+            if (!reader.cellElements(SampleStore::kBlocks, row, column).empty()) {
+                filed.insert({row, column});
+            }
+        }
+    }
+    EXPECT_EQ(filed.size(), 24u);
+    EXPECT_TRUE(filed.contains({5652, 10931}));
+    EXPECT_TRUE(filed.contains({5657, 10934}));
+
+    const auto streets = reader.cellElements(SampleStore::kStreets, 5655, 10935);
+    ASSERT_EQ(streets.size(), 3u);
+    EXPECT_EQ(streets[0].id, 1);
+    EXPECT_EQ(streets[0].points[1], (messages::WirePoint{-70.6489, -33.4502}));
+}
+
+TEST_F(MapStore, CellValuesComeAsTextByStoredFieldName)
+{
+    EXPECT_EQ(reader.storedFieldName(SampleStore::kBlocks, QStringLiteral("area")),
+              QStringLiteral("AREA"));
+    EXPECT_FALSE(reader.storedFieldName(SampleStore::kBlocks, QStringLiteral("STREET")));
+    EXPECT_FALSE(reader.storedFieldName(SampleStore::kBlocks, QStringLiteral("AREA\"; --")));
+
+    const std::vector<CellValue> areas = {{7, "1234.5"}};
+    EXPECT_EQ(reader.cellValues(SampleStore::kBlocks, 5655, 10932, QStringLiteral("AREA")), areas);
+    const std::vector<CellValue> directions = {{1, "1"}, {2, "-1"}, {3, ""}};
+    EXPECT_EQ(reader.cellValues(SampleStore::kStreets, 5655, 10935, QStringLiteral("DIR")),
+              directions);
+}
+
+TEST_F(MapStore, AccessFollowsGrantsAndTheLayersMap)
+{
+    EXPECT_TRUE(reader.mayOpen(2, SampleStore::kMap));
+    EXPECT_FALSE(reader.mayOpen(3, SampleStore::kMap));
+    EXPECT_FALSE(reader.mayOpen(42, SampleStore::kMap));
+    EXPECT_EQ(reader.layerLevel(1, SampleStore::kMap, SampleStore::kStreets), 3);
+    EXPECT_EQ(reader.layerLevel(2, SampleStore::kMap, SampleStore::kStreets), 1);
+    EXPECT_EQ(reader.layerLevel(2, SampleStore::kMap, SampleStore::kLandmarks), 0);
+    EXPECT_EQ(reader.layerLevel(1, SampleStore::kMap, SampleStore::kOtherLayer), 0);
+}
+
+TEST_F(MapStore, AFailedWriteLeavesTheStoreAsItWas)
+{
+    Database& database = store.database();
+    const auto elements = countOf(database, QStringLiteral("SELECT COUNT(*) FROM elements"));
+    const auto cells = countOf(database, QStringLiteral("SELECT COUNT(*) FROM cells"));
+    MapWriter writer(database);
+    EXPECT_THROW(database.transaction([&] {
+        writer.addElement(SampleStore::kLandmarks, {40, {{-70.6, -33.4}}, {}});
+        writer.addElement(SampleStore::kLandmarks, {41, {{-200.0, -33.4}}, {}});
+    }), StorageError);
+    EXPECT_THROW(writer.addElement(SampleStore::kLandmarks, {5, {{-70.6, -33.4}}, {}}), StorageError);
+    EXPECT_THROW(writer.setLayerLevel(1, SampleStore::kStreets, 4), StorageError);
+    EXPECT_EQ(countOf(database, QStringLiteral("SELECT COUNT(*) FROM elements")), elements);
+    EXPECT_EQ(countOf(database, QStringLiteral("SELECT COUNT(*) FROM cells")), cells);
+}
+
+TEST_F(MapStore, FieldNamesAreColumnNamesNeverStatementText)
+{
+    MapWriter writer(store.database());
+    messages::LayerRecord layer;
+    layer.name = "Rara";
+    layer.type = 1;
+    layer.gridDeltaX = SampleStore::kDelta;
+    layer.gridDeltaY = SampleStore::kDelta;
+    layer.fields = {{"x\"; DROP TABLE users; --", 202}};
+    const std::int32_t id = writer.addLayer(SampleStore::kMap, layer);
+    writer.addElement(id, {1, {{-70.65, -33.45}}, {QStringLiteral("valor")}});
+    const std::vector<CellValue> values = {{1, "valor"}};
+    EXPECT_EQ(reader.cellValues(id, 5655, 10935, QStringLiteral("x\"; DROP TABLE users; --")),
+              values);
+    EXPECT_TRUE(reader.mayOpen(1, SampleStore::kMap));
+
+    layer.fields = {{"element_id", 3}};
+    EXPECT_THROW(writer.addLayer(SampleStore::kMap, layer), StorageError);
+}
+
+} // namespace

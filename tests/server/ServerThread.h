@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QString>
+#include <QThread>
+
+#include <atomic>
+#include <sstream>
+#include <mutex>
+#include <string>
+
+// Runs a MapServer on 127.0.0.1 (a free port) over the given store in a
+// thread of its own, so that tests may wait on their sockets blocking.
+class ServerThread : public QThread {
+public:
+    explicit ServerThread(QString databasePath);
+    ~ServerThread() override;
+
+    // Starts the thread and waits until the server listens.
+    quint16 start();
+    // What the server has logged so far.
+    std::string log();
+
+protected:
+    void run() override;
+
+private:
+    QString databasePath_;
+    std::atomic<quint16> port_{0};
+    std::mutex logMutex_;
+    std::ostringstream log_;
+};
