@@ -63,6 +63,16 @@ std::int32_t MapWriter::addUser(const QString& name, std::optional<std::int32_t>
     return userId;
 }
 
+void MapWriter::ensureUser(std::int32_t id, const QString& name)
+{
+    database_.transaction([&] {
+        QSqlQuery upsert = database_.prepare(QStringLiteral(
+            "INSERT INTO users (id, name, password_hash) VALUES (?, ?, NULL) "
+            "ON CONFLICT (id) DO UPDATE SET name = excluded.name"));
+        Database::runWith(upsert, {id, name});
+    });
+}
+
 void MapWriter::grantMap(std::int32_t user, std::int32_t map)
 {
     database_.transaction([&] {

@@ -27,6 +27,8 @@ public:
 
     // Returns the user's id (the given one, or the next free one).
     std::int32_t addUser(const QString& name, std::optional<std::int32_t> id = std::nullopt);
+    // Adds the user under the id, or renames the user who has it.
+    void ensureUser(std::int32_t id, const QString& name);
     void grantMap(std::int32_t user, std::int32_t map);
     // Sets the level (0 to 3) on one layer.
     void setLayerLevel(std::int32_t user, std::int32_t layer, std::int16_t level);

@@ -1,3 +1,4 @@
+#include "CountRows.h"
 #include "Database.h"
 #include "MapReader.h"
 #include "MapWriter.h"
@@ -14,13 +15,6 @@ using namespace orbelan;
 using namespace orbelan::server;
 
 namespace {
-
-std::int64_t countOf(Database& database, const QString& sql)
-{
-    QSqlQuery query = database.prepare(sql);
-    Database::run(query);
-    return query.next() ? query.value(0).toLongLong() : -1;
-}
 
 class MapStore : public ::testing::Test {
 protected:
@@ -118,8 +112,8 @@ TEST_F(MapStore, AccessFollowsGrantsAndTheLayersMap)
 TEST_F(MapStore, AFailedWriteLeavesTheStoreAsItWas)
 {
     Database& database = store.database();
-    const auto elements = countOf(database, QStringLiteral("SELECT COUNT(*) FROM elements"));
-    const auto cells = countOf(database, QStringLiteral("SELECT COUNT(*) FROM cells"));
+    const auto elements = countRows(database, QStringLiteral("SELECT COUNT(*) FROM elements"));
+    const auto cells = countRows(database, QStringLiteral("SELECT COUNT(*) FROM cells"));
     MapWriter writer(database);
     EXPECT_THROW(database.transaction([&] {
         writer.addElement(SampleStore::kLandmarks, {40, {{-70.6, -33.4}}, {}});
@@ -127,8 +121,8 @@ TEST_F(MapStore, AFailedWriteLeavesTheStoreAsItWas)
     }), StorageError);
     EXPECT_THROW(writer.addElement(SampleStore::kLandmarks, {5, {{-70.6, -33.4}}, {}}), StorageError);
     EXPECT_THROW(writer.setLayerLevel(1, SampleStore::kStreets, 4), StorageError);
-    EXPECT_EQ(countOf(database, QStringLiteral("SELECT COUNT(*) FROM elements")), elements);
-    EXPECT_EQ(countOf(database, QStringLiteral("SELECT COUNT(*) FROM cells")), cells);
+    EXPECT_EQ(countRows(database, QStringLiteral("SELECT COUNT(*) FROM elements")), elements);
+    EXPECT_EQ(countRows(database, QStringLiteral("SELECT COUNT(*) FROM cells")), cells);
 }
 
 TEST_F(MapStore, FieldNamesAreColumnNamesNeverStatementText)

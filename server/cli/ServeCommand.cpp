@@ -1,0 +1,59 @@
+#include "ServeCommand.h"
+
+#include "Database.h"
+#include "MapReader.h"
+#include "MapServer.h"
+#include "OptionValues.h"
+#include "ServerLog.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QFileInfo>
+#include <QHostAddress>
+
+#include <iostream>
+#include <stdexcept>
+
+namespace orbelan::server {
+
+int ServeCommand::run(const QStringList& arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(QStringLiteral(
+        "Serves the maps of a map store to Orbelan viewers until it is stopped."));
+    parser.addHelpOption();
+    parser.addOptions({
+        {QStringLiteral("db"), QStringLiteral("The map store (an SQLite file)."), QStringLiteral("FILE")},
+        {QStringLiteral("listen"), QStringLiteral("Address to listen on (default 127.0.0.1)."),
+         QStringLiteral("ADDR"), QStringLiteral("127.0.0.1")},
+        {QStringLiteral("port"), QStringLiteral("Port to listen on (default 10010)."),
+         QStringLiteral("N"), QString::number(kDefaultPort)},
+        {QStringLiteral("verbose"), QStringLiteral("Log one line per request.")},
+    });
+    parser.process(arguments);
+
+    const QString path = OptionValues::required(parser, QStringLiteral("db"));
+    if (!QFileInfo::exists(path)) {
+        throw std::invalid_argument("there is no map store at " + path.toStdString() +
+                                    "; build one with: orbelan-server demo --db " +
+                                    path.toStdString());
+    }
+    const QHostAddress address(parser.value(QStringLiteral("listen")));
+    if (address.isNull()) {
+        throw std::invalid_argument("--listen needs an IP address");
+    }
+    const auto port = static_cast<quint16>(OptionValues::integer(parser, QStringLiteral("port"), 0, 65535));
+
+    Database database(path);
+    MapReader reader(database);
+    ServerLog log(std::cerr, parser.isSet(QStringLiteral("verbose")));
+    MapServer server(reader, log);
+    if (!server.listen(address, port)) {
+        throw std::runtime_error("cannot listen on " + address.toString().toStdString() + ":" +
+                                 std::to_string(port) + ": " +
+                                 server.errorString().toStdString());
+    }
+    return QCoreApplication::exec();
+}
+
+} // namespace orbelan::server

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Database.h"
+
+#include <ostream>
+
+namespace orbelan::server {
+
+// Builds the demo maps and users into a map store, replacing the demo maps
+// it may already hold, in one transaction, and says what it built and what
+// it skipped.
+//
+// Users: 1 "admin" draws on every layer, 2 "visor" views every layer, and
+// 3 "invitado" may not open Santiago (the refused access shows) but views
+// every other demo map.
+class DemoBuilder {
+public:
+    static constexpr std::int32_t kAdmin = 1;
+    static constexpr std::int32_t kViewer = 2;
+    static constexpr std::int32_t kGuest = 3;
+
+    DemoBuilder(Database& database, std::ostream& report);
+
+    void build();
+
+private:
+    void addUsers();
+
+    Database& database_;
+    std::ostream& report_;
+};
+
+} // namespace orbelan::server

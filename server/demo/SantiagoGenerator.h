@@ -1,0 +1,52 @@
+#pragma once
+
+#include "DemoRandom.h"
+#include "MapWriter.h"
+#include "SantiagoGrid.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+namespace orbelan::server {
+
+// Writes the generated city "Santiago" (UTM zone 19 south): street segments
+// with address ranges on both sides and a one-way direction, labelled by
+// street name; parcels with a land use shown as thematic classes and an
+// area; named places of interest. The same seed gives the same map.
+class SantiagoGenerator {
+public:
+    static constexpr std::int32_t kMapCode = 1;
+    static constexpr std::int32_t kStreetsLayer = 101;
+    static constexpr std::int32_t kParcelsLayer = 102;
+    static constexpr std::int32_t kPlacesLayer = 103;
+    static constexpr int kPlaceCount = 1200;
+
+    struct Counts {
+        std::size_t streets = 0;
+        std::size_t parcels = 0;
+        std::size_t places = 0;
+    };
+
+    explicit SantiagoGenerator(MapWriter& writer);
+
+    Counts build();
+
+private:
+    void createMapAndLayers();
+    void addEastWestStreets();
+    void addNorthSouthStreets();
+    void addStreet(const messages::WirePoint& from, const messages::WirePoint& to,
+                   const std::string& name, int block, int direction);
+    void addParcels();
+    std::size_t chooseBlockUse(int i, int j);
+    void addBlockParcels(int i, int j);
+    void addPlaces();
+
+    MapWriter& writer_;
+    DemoRandom random_;
+    SantiagoGrid grid_;
+    Counts counts_;
+};
+
+} // namespace orbelan::server
