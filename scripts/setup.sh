@@ -8,6 +8,7 @@ packages=(
   g++ cmake ninja-build pkg-config
   libgtest-dev libgmock-dev
   libbenchmark-dev
+  libproj-dev
   clang libclang-rt-14-dev
   qt6-base-dev qt6-qpa-plugins libqt6sql6-sqlite
 )
