@@ -56,11 +56,11 @@ quint16 closedPort()
 QByteArray readExactly(QTcpSocket& socket, qsizetype count)
 {
     QByteArray bytes;
-    QTest::qWaitFor([&] {
+    const bool complete = QTest::qWaitFor([&] {
         bytes += socket.read(count - bytes.size());
         return bytes.size() == count;
     });
-    return bytes;
+    return complete ? bytes : QByteArray();
 }
 
 void pressAndRelease(QWidget& target, Qt::Key key, Qt::KeyboardModifiers modifiers, const QString& text = {})
