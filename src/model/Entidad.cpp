@@ -1,0 +1,289 @@
+#include "Entidad.h"
+
+#include "layer.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <stdexcept>
+#include <string>
+
+namespace orbelan {
+
+namespace {
+
+// The platform keeps a crossing in a Single variable; a value beyond the
+// Single range overflows there, and does so here.
+double roundedToSingle(double value)
+{
+    if (std::isfinite(value) && std::fabs(value) > std::numeric_limits<float>::max()) {
+        throw std::overflow_error("crossing " + std::to_string(value) + " is beyond the Single range");
+    }
+    return static_cast<float>(value);
+}
+
+// Whether the edge crosses the ray from (X, Y) towards +X. Only edges whose
+// Y range holds Y strictly count, so a horizontal edge never does; a nearly
+// horizontal one crosses at X itself.
+bool crossesRightOf(double X, double Y, const Vertex& from, const Vertex& to)
+{
+    if (!(std::min(from.Y, to.Y) < Y && Y < std::max(from.Y, to.Y))) {
+        return false;
+    }
+    const double dy = to.Y - from.Y;
+    const double crossing = std::fabs(dy) < 1E-8 ? X : roundedToSingle(from.X + (to.X - from.X) * (Y - from.Y) / dy);
+    return X <= crossing;
+}
+
+// The signed area and centroid of the trapezoid between an edge and the line
+// Y = 0: a rectangle up to the lower end plus a right triangle up to the
+// higher one. The area is negative when X decreases along the edge, so the
+// edges of a closed ring sum to its area whatever its orientation.
+double trapezoid(const Vertex& from, const Vertex& to, Vertex& centroid)
+{
+    const double width = to.X - from.X;
+    const Vertex& low = to.Y > from.Y ? from : to;
+    const Vertex& high = to.Y > from.Y ? to : from;
+    const double rectangle = width * low.Y;
+    const double triangle = width * (high.Y - low.Y) / 2;
+    const double area = rectangle + triangle;
+    if (area == 0) {
+        return 0;
+    }
+    const Vertex rectangleCentre{(from.X + to.X) / 2, low.Y / 2};
+    const Vertex triangleCentre{high.X - (high.X - low.X) / 3, low.Y + (high.Y - low.Y) / 3};
+    centroid = {(rectangle * rectangleCentre.X + triangle * triangleCentre.X) / area,
+                (rectangle * rectangleCentre.Y + triangle * triangleCentre.Y) / area};
+    return area;
+}
+
+} // namespace
+
+void Entidad::SetPoints(std::span<const Vertex> points)
+{
+    // UboundPoints is a Long.
+    if (points.size() > static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max())) {
+        throw std::length_error("an entity holds at most 2147483647 vertices");
+    }
+    points_.assign(points.begin(), points.end());
+}
+
+void Entidad::CalculateBoundingBox()
+{
+    for (const Vertex& vertex : points_) {
+        bb.Union(vertex.X, vertex.Y, vertex.X, vertex.Y);
+    }
+    if (parentLayer != nullptr) {
+        parentLayer->bb.Union(bb.MinX, bb.MinY, bb.MaxX, bb.MaxY);
+    }
+}
+
+TipoLayer Entidad::kind() const
+{
+    if (parentLayer == nullptr) {
+        throw std::logic_error("entity " + std::to_string(ID) + " belongs to no layer, so it has no kind");
+    }
+    return parentLayer->Tipo;
+}
+
+double Entidad::DistPuntoAEntidad(double X, double Y) const
+{
+    switch (static_cast<std::int32_t>(kind())) {
+    case pointlayer:
+        return points_.empty() ? 0.0 : PointDistance(X, Y, points_[0].X, points_[0].Y);
+    case polylinelayer:
+    case 3:
+        return lineDistance(X, Y);
+    default:
+        return kNoSegment;
+    }
+}
+
+double Entidad::lineDistance(double X, double Y) const
+{
+    double best = kNoSegment;
+    for (std::size_t k = 1; k < points_.size(); ++k) {
+        const Vertex& a = points_[k - 1];
+        const Vertex& b = points_[k];
+        const double distance = SegmentDistance(X, Y, a.X, a.Y, b.X, b.Y, false);
+        if (distance >= 0 && distance < best) {
+            best = distance;
+        }
+    }
+    return best;
+}
+
+SegmentMatch Entidad::GetNearestSegment(double xp, double yp) const
+{
+    SegmentMatch match{kNoSegment, {}, {}};
+    const auto tipo = static_cast<std::int32_t>(kind());
+    const std::optional<std::size_t> nearest = firstNearestVertex(xp, yp);
+    if (tipo < polylinelayer || tipo > polygonlayer || !nearest) {
+        return match;
+    }
+    // A polygon's ring wraps around; a line has no segment before its first
+    // vertex or after its last.
+    const std::size_t k = *nearest;
+    const std::size_t last = points_.size() - 1;
+    const bool ring = tipo == polygonlayer;
+    std::optional<std::size_t> previous;
+    std::optional<std::size_t> next;
+    if (k > 0 || ring) {
+        previous = k > 0 ? k - 1 : last;
+    }
+    if (k < last || ring) {
+        next = k < last ? k + 1 : 0;
+    }
+    const double dPrevious = previous ? neighbourDistance(xp, yp, k, *previous) : kNoSegment;
+    const double dNext = next ? neighbourDistance(xp, yp, k, *next) : kNoSegment;
+
+    match.from = points_[k];
+    if (dPrevious < dNext) {
+        match.to = points_[*previous];
+        match.distance = dPrevious;
+    } else if (dNext != kNoSegment) {
+        match.to = points_[*next];
+        match.distance = dNext;
+    }
+    return match;
+}
+
+// Unlike NearestVertex, the first of equally near vertices wins here.
+std::optional<std::size_t> Entidad::firstNearestVertex(double xp, double yp) const
+{
+    std::optional<std::size_t> nearest;
+    double nearestDistance = kNoSegment;
+    for (std::size_t k = 0; k < points_.size(); ++k) {
+        const double distance = PointDistance(xp, yp, points_[k].X, points_[k].Y);
+        if (distance < nearestDistance) {
+            nearestDistance = distance;
+            nearest = k;
+        }
+    }
+    return nearest;
+}
+
+// A segment whose foot falls outside it is no candidate.
+double Entidad::neighbourDistance(double xp, double yp, std::size_t vertex, std::size_t neighbour) const
+{
+    const Vertex& a = points_[vertex];
+    const Vertex& b = points_[neighbour];
+    const double distance = SegmentDistance(xp, yp, a.X, a.Y, b.X, b.Y, false);
+    return distance < 0 ? kNoSegment : distance;
+}
+
+VertexMatch Entidad::NearestVertex(double X, double Y) const
+{
+    VertexMatch match{kNoVertex, {}};
+    for (const Vertex& vertex : points_) {
+        const double distance = PointDistance(X, Y, vertex.X, vertex.Y);
+        if (distance <= match.distance) {
+            match = {distance, vertex};
+        }
+    }
+    return match;
+}
+
+bool Entidad::PointInPolygon(double X, double Y) const
+{
+    if (!bb.PointInBoundingBox(X, Y)) {
+        return false;
+    }
+    for (const Vertex& vertex : points_) {
+        if (vertex.X == X && vertex.Y == Y) {
+            return true;
+        }
+    }
+    std::size_t crossings = 0;
+    for (std::size_t k = 0; k < points_.size(); ++k) {
+        const Vertex& to = points_[k];
+        const Vertex& from = points_[k == 0 ? points_.size() - 1 : k - 1];
+        crossings += crossesRightOf(X, Y, from, to) ? 1 : 0;
+    }
+    return crossings % 2 == 1;
+}
+
+Vertex Entidad::Centroide() const
+{
+    switch (static_cast<std::int32_t>(kind())) {
+    case pointlayer:
+        return points_.empty() ? Vertex{} : points_[0];
+    case polylinelayer:
+    case 3:
+        return vertexMean();
+    case polygonlayer:
+        return polygonCentroid();
+    default:
+        return {};
+    }
+}
+
+Vertex Entidad::vertexMean() const
+{
+    if (points_.empty()) {
+        return {};
+    }
+    Vertex sum;
+    for (const Vertex& vertex : points_) {
+        sum.X += vertex.X;
+        sum.Y += vertex.Y;
+    }
+    const auto n = static_cast<double>(points_.size());
+    return {sum.X / n, sum.Y / n};
+}
+
+Vertex Entidad::polygonCentroid() const
+{
+    double area = 0;
+    Vertex moment;
+    for (std::size_t k = 0; k < points_.size(); ++k) {
+        const Vertex& to = points_[k];
+        const Vertex& from = points_[k == 0 ? points_.size() - 1 : k - 1];
+        Vertex centre;
+        const double edgeArea = trapezoid(from, to, centre);
+        area += edgeArea;
+        moment.X += edgeArea * centre.X;
+        moment.Y += edgeArea * centre.Y;
+    }
+    if (area == 0) {
+        return vertexMean();
+    }
+    return {moment.X / area, moment.Y / area};
+}
+
+double Entidad::SegmentDistance(double px, double py, double x1, double y1, double x2, double y2,
+                                bool alwaysPositive)
+{
+    const double dx = x2 - x1;
+    const double dy = y2 - y1;
+    if (dx == 0 && dy == 0) {
+        return kNoSegment;
+    }
+    double fx = px;
+    double fy = y1;
+    double t = 0;
+    if (dx == 0) {
+        fx = x1;
+        fy = py;
+        t = (py - y1) / dy;
+    } else if (dy == 0) {
+        t = (px - x1) / dx;
+    } else {
+        // The foot solves the segment's line (slope dy/dx) against the
+        // perpendicular through P (slope -dx/dy), term by term as written
+        // here, so that results agree to the last bit.
+        fx = ((-dy / dx) * x1 + (dx / -dy) * px + y1 - py) / (dx / -dy - dy / dx);
+        t = (fx - x1) / dx;
+        fy = y1 + dy * t;
+    }
+    const double distance = std::sqrt((fy - py) * (fy - py) + (fx - px) * (fx - px));
+    return (t >= 0 && t <= 1) || alwaysPositive ? distance : -distance;
+}
+
+double Entidad::PointDistance(double x1, double y1, double x2, double y2)
+{
+    return std::sqrt((x1 - x2) * (x1 - x2) + (y1 - y2) * (y1 - y2));
+}
+
+} // namespace orbelan
