@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include "DemoCommand.h"
+#include "ImportCommand.h"
 #include "ServeCommand.h"
 #include "UserCommand.h"
 
@@ -18,6 +19,8 @@ const char* const kUsage =
     "  serve --db FILE [--listen ADDR] [--port N] [--verbose]\n"
     "                 serve the maps of a map store (default 127.0.0.1:10010)\n"
     "  demo --db FILE build the demo maps and users into a map store\n"
+    "  import --db FILE --map CODE [--layer-name NAME] [--label-field F] [--theme-field F] SOURCE\n"
+    "                 import one layer of a GDAL/OGR vector source into a map\n"
     "  user add|grant manage users, their maps and their layer levels\n\n"
     "orbelan-server COMMAND --help tells more about each command.\n";
 
@@ -37,6 +40,9 @@ int dispatch(const QStringList& arguments)
     }
     if (command == u"demo") {
         return DemoCommand::run(commandArguments(arguments));
+    }
+    if (command == u"import") {
+        return ImportCommand::run(commandArguments(arguments));
     }
     if (command == u"user") {
         return UserCommand::run(commandArguments(arguments));

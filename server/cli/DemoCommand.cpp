@@ -4,7 +4,11 @@
 #include "DemoBuilder.h"
 #include "OptionValues.h"
 
+#include "DemoData.h"
+
 #include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
 
 #include <iostream>
 
@@ -17,12 +21,22 @@ int DemoCommand::run(const QStringList& arguments)
         "Builds the demo maps and users into a map store (created when missing); demo maps "
         "already there are built again. The result is the same every time."));
     parser.addHelpOption();
-    parser.addOption({QStringLiteral("db"), QStringLiteral("The map store (an SQLite file)."),
-                      QStringLiteral("FILE")});
+    parser.addOptions({
+        {QStringLiteral("db"), QStringLiteral("The map store (an SQLite file)."), QStringLiteral("FILE")},
+        {QStringLiteral("data"),
+         QStringLiteral("Folder for the us-atlas and world-atlas data packages, fetched with npm when "
+                        "missing (default: demo-data beside the program's folder)."),
+         QStringLiteral("DIR"), QCoreApplication::applicationDirPath() + QStringLiteral("/../demo-data")},
+        {QStringLiteral("offline"), QStringLiteral("Do not run npm; use the data folder as it is.")},
+    });
     parser.process(arguments);
 
     Database database(OptionValues::required(parser, QStringLiteral("db")));
-    DemoBuilder(database, std::cout).build();
+    const QString data = QDir::cleanPath(parser.value(QStringLiteral("data")));
+    if (!parser.isSet(QStringLiteral("offline"))) {
+        DemoData::fetch(data, std::cout);
+    }
+    DemoBuilder(database, std::cout).build(data);
     return 0;
 }
 

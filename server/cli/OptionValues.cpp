@@ -18,7 +18,7 @@ std::int64_t OptionValues::integer(const QCommandLineParser& parser, const QStri
 
 QString OptionValues::required(const QCommandLineParser& parser, const QString& name)
 {
-    if (!parser.isSet(name)) {
+    if (!parser.isSet(name) && parser.value(name).isEmpty()) {
         throw std::invalid_argument("--" + name.toStdString() + " is required");
     }
     return parser.value(name);

@@ -14,7 +14,8 @@ public:
     // std::invalid_argument naming the option otherwise.
     static std::int64_t integer(const QCommandLineParser& parser, const QString& name,
                                 std::int64_t minimum, std::int64_t maximum);
-    // The option's value; throws std::invalid_argument when it was not given.
+    // The option's value, or its default; throws std::invalid_argument when
+    // it was not given and has no default.
     static QString required(const QCommandLineParser& parser, const QString& name);
 };
 

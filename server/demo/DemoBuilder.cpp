@@ -1,5 +1,7 @@
 #include "DemoBuilder.h"
 
+#include "DemoData.h"
+#include "LayerImporter.h"
 #include "MapWriter.h"
 #include "SantiagoGenerator.h"
 
@@ -9,7 +11,25 @@ namespace {
 
 // The codes of the demo maps: Santiago is generated, the others are imported
 // from public data packages.
-constexpr std::int32_t kDemoMaps[] = {SantiagoGenerator::kMapCode, 2, 3};
+constexpr std::int32_t kUnitedStates = 2;
+constexpr std::int32_t kWorld = 3;
+constexpr std::int32_t kDemoMaps[] = {SantiagoGenerator::kMapCode, kUnitedStates, kWorld};
+constexpr std::int16_t kAlbers = 1;
+constexpr std::int16_t kLatitudeLongitude = 0;
+constexpr std::int16_t kNoFill = 1;
+
+ImportOptions atlasLayer(const QString& source, const char* sourceLayer, std::int32_t map,
+                         std::int32_t layer, const char* name)
+{
+    ImportOptions options;
+    options.source = source;
+    options.sourceLayer = QString::fromUtf8(sourceLayer);
+    options.map = map;
+    options.layerId = layer;
+    options.layerName = QString::fromUtf8(name);
+    options.labelField = QStringLiteral("name");
+    return options;
+}
 constexpr std::int16_t kDraw = 3;
 constexpr std::int16_t kView = 1;
 
@@ -20,9 +40,9 @@ DemoBuilder::DemoBuilder(Database& database, std::ostream& report)
 {
 }
 
-void DemoBuilder::build()
+void DemoBuilder::build(const QString& dataFolder)
 {
-    database_.transaction([this] {
+    database_.transaction([this, &dataFolder] {
         MapWriter writer(database_);
         for (const std::int32_t code : kDemoMaps) {
             writer.removeMap(code);
@@ -32,10 +52,34 @@ void DemoBuilder::build()
         report_ << "Santiago (map " << SantiagoGenerator::kMapCode << "): " << counts.streets
                 << " street segments, " << counts.parcels << " parcels, " << counts.places
                 << " places of interest\n";
-        report_ << "skipped United States (map 2) and World (map 3): importing GDAL/OGR "
-                   "sources is not part of this server yet\n";
+        importAtlases(dataFolder);
         addUsers();
     });
+}
+
+void DemoBuilder::importAtlases(const QString& dataFolder)
+{
+    if (dataFolder.isEmpty() || !DemoData::present(dataFolder)) {
+        report_ << "skipped United States (map 2) and World (map 3): the us-atlas and "
+                   "world-atlas data packages are not in "
+                << (dataFolder.isEmpty() ? std::string("a data folder") : dataFolder.toStdString())
+                << "\n";
+        return;
+    }
+    LayerImporter importer(database_, report_);
+    // Counties first, states drawn over them as outlines.
+    ImportOptions counties =
+        atlasLayer(DemoData::usAtlas(dataFolder), "counties", kUnitedStates, 201, "Counties");
+    counties.mapName = QStringLiteral("United States");
+    counties.projection = kAlbers;
+    importer.import(counties);
+    ImportOptions states = atlasLayer(DemoData::usAtlas(dataFolder), "states", kUnitedStates, 202, "States");
+    states.fillStyle = kNoFill;
+    importer.import(states);
+    ImportOptions countries = atlasLayer(DemoData::worldAtlas(dataFolder), "countries", kWorld, 301, "Countries");
+    countries.mapName = QStringLiteral("World");
+    countries.projection = kLatitudeLongitude;
+    importer.import(countries);
 }
 
 void DemoBuilder::addUsers()

@@ -2,6 +2,8 @@
 
 #include "Database.h"
 
+#include <QString>
+
 #include <ostream>
 
 namespace orbelan::server {
@@ -21,9 +23,12 @@ public:
 
     DemoBuilder(Database& database, std::ostream& report);
 
-    void build();
+    // Imports the United States and World maps from the data folder when it
+    // holds the data packages (DemoData), and says it skipped them otherwise.
+    void build(const QString& dataFolder = {});
 
 private:
+    void importAtlases(const QString& dataFolder);
     void addUsers();
 
     Database& database_;

@@ -61,6 +61,10 @@ HandlerOutcome RequestHandler::handle(SessionState& session, DWBUffer& message)
         return dispatch(session, code, message);
     } catch (const WireReadError& error) {
         return refuse(Action::Drop, "malformed " + commandName(code) + ": " + error.what());
+    } catch (const std::exception& error) {
+        // A reply that cannot be written (a stored text longer than a wire
+        // string may be, say).
+        return refuse(Action::Drop, "cannot answer " + commandName(code) + ": " + error.what());
     }
 }
 

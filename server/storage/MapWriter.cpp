@@ -121,6 +121,21 @@ bool MapWriter::mapExists(std::int32_t code)
     return query.next();
 }
 
+void MapWriter::extendMapExtent(std::int32_t code, const Extent& box)
+{
+    database_.transaction([&] {
+        QSqlQuery update = database_.prepare(QStringLiteral(
+            "UPDATE maps SET "
+            "min_x = CASE WHEN min_x = max_x THEN ? ELSE MIN(min_x, ?) END, "
+            "min_y = CASE WHEN min_y = max_y THEN ? ELSE MIN(min_y, ?) END, "
+            "max_x = CASE WHEN min_x = max_x THEN ? ELSE MAX(max_x, ?) END, "
+            "max_y = CASE WHEN min_y = max_y THEN ? ELSE MAX(max_y, ?) END "
+            "WHERE code = ?"));
+        Database::runWith(update, {box.minX, box.minX, box.minY, box.minY, box.maxX, box.maxX,
+                                   box.maxY, box.maxY, code});
+    });
+}
+
 void MapWriter::removeMap(std::int32_t code)
 {
     database_.transaction([&] {

@@ -64,7 +64,7 @@ TEST(ServerProgram, DemoThenServeGivesAWholeMapToAWireClient)
     const QString store = dir.filePath(QStringLiteral("demo.sqlite"));
     const QByteArray storePath = store.toUtf8();
     const char* path = storePath.constData();
-    ASSERT_EQ(runProgram({"demo", "--db", path}).status, 0);
+    ASSERT_EQ(runProgram({"demo", "--db", path, "--offline", "--data", path}).status, 0);
     QProcess server;
     const quint16 port = startServing(server, store);
     ASSERT_NE(port, 0);
@@ -106,7 +106,7 @@ TEST(ServerProgram, UsersAreAddedAndGrantedFromTheCommandLine)
     const QString store = dir.filePath(QStringLiteral("users.sqlite"));
     const QByteArray storePath = store.toUtf8();
     const char* path = storePath.constData();
-    ASSERT_EQ(runProgram({"demo", "--db", path}).status, 0);
+    ASSERT_EQ(runProgram({"demo", "--db", path, "--offline", "--data", path}).status, 0);
     const ProgramRun added = runProgram({"user", "add", "--db", path, "--name", "maría"});
     EXPECT_EQ(added.status, 0);
     EXPECT_TRUE(added.output.contains(QStringLiteral("user 4 maría")));
