@@ -246,7 +246,7 @@ void SantiagoGenerator::addPlaces()
         const std::string_view kind = kinds[random_.below(kinds.size())].name;
         std::string name = std::string(kind) + " " + std::string(names[random_.below(names.size())]);
         if (const int earlier = seen[name]++; earlier > 0) {
-            name += " " + std::to_string(earlier + 1);
+            name.append(" ").append(std::to_string(earlier + 1));
         }
         writer_.addElement(kPlacesLayer, {static_cast<std::int32_t>(++counts_.places),
                                           {point},

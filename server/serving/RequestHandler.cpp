@@ -97,6 +97,7 @@ HandlerOutcome RequestHandler::access(SessionState& session, DWBUffer& message)
     const auto request = messages::AccessRequest::decode(message);
     Remarks remarks;
     fill(remarks, [&] { session.passed = reader_.mayOpen(request.user, request.map); });
+    session.levels.clear();
     session.user = session.passed ? request.user : 0;
     session.map = session.passed ? request.map : 0;
     if (!session.passed) {
@@ -113,58 +114,96 @@ HandlerOutcome RequestHandler::access(SessionState& session, DWBUffer& message)
 HandlerOutcome RequestHandler::mapDefinition(const SessionState& session, DWBUffer& message)
 {
     const auto request = messages::MapDefinitionRequest::decode(message);
-    messages::MapDefinition definition;
     Remarks remarks;
+    DWBUffer reply;
     fill(remarks, [&] {
         if (!reader_.mayOpen(session.user, request.map)) {
             remarks.add("; not open to this user");
             return;
         }
-        definition = reader_.mapDefinition(request.map).value_or(messages::MapDefinition{});
+        reply = definitionReply(request.map);
     });
-    return replyWith(definition,
-                     "definition of map " + std::to_string(request.map) + ": " +
-                         std::to_string(definition.layers.size()) + " layers",
-                     remarks);
+    if (reply.TamanoBuffer() == 0) {
+        reply = messages::buildMessage(messages::MapDefinition{});
+    }
+    return {Action::Reply, std::move(reply),
+            "definition of map " + std::to_string(request.map) + remarks.text, remarks.notable};
 }
 
-HandlerOutcome RequestHandler::layerLevels(const SessionState& session, DWBUffer& message)
+// Built once per map; an unknown map gets an empty definition, not cached.
+DWBUffer RequestHandler::definitionReply(std::int32_t map)
+{
+    if (const auto cached = definitions_.find(map); cached != definitions_.end()) {
+        return DWBUffer(cached->second);
+    }
+    const auto definition = reader_.mapDefinition(map);
+    DWBUffer reply = messages::buildMessage(definition.value_or(messages::MapDefinition{}));
+    if (definition) {
+        definitions_.emplace(map, reply.buffer());
+    }
+    return reply;
+}
+
+HandlerOutcome RequestHandler::layerLevels(SessionState& session, DWBUffer& message)
 {
     const auto request = messages::LayerAccessLevelsRequest::decode(message);
     messages::LayerAccessLevels reply;
     Remarks remarks;
     fill(remarks, [&] {
         for (const std::int32_t layer : request.layers) {
-            reply.levels.push_back({layer, reader_.layerLevel(session.user, session.map, layer)});
+            reply.levels.push_back({layer, levelOf(session, layer)});
         }
     });
     return replyWith(reply, "access levels of " + std::to_string(reply.levels.size()) + " layers",
                      remarks);
 }
 
-HandlerOutcome RequestHandler::cellGeometry(const SessionState& session, DWBUffer& message)
+HandlerOutcome RequestHandler::cellGeometry(SessionState& session, DWBUffer& message)
 {
     const auto request = messages::CellGeometryRequest::decode(message);
-    messages::CellGeometry reply;
-    reply.layer = request.layer;
-    reply.row = request.row;
-    reply.column = request.column;
     Remarks remarks;
+    std::size_t elements = 0;
+    DWBUffer reply;
     fill(remarks, [&] {
-        if (reader_.layerLevel(session.user, session.map, request.layer) == 0) {
+        if (levelOf(session, request.layer) == 0) {
             remarks.add("; no access to the layer");
             return;
         }
-        reply.elements = reader_.cellElements(request.layer, request.row, request.column);
+        reply = cellReply(request.layer, request.row, request.column, elements);
     });
-    reply.chooseCoordinates();
-    return replyWith(reply,
-                     "geometry of " + cellText(request.layer, request.row, request.column) + ": " +
-                         std::to_string(reply.elements.size()) + " elements",
-                     remarks);
+    if (reply.TamanoBuffer() == 0) {
+        messages::CellGeometry empty;
+        empty.layer = request.layer;
+        empty.row = request.row;
+        empty.column = request.column;
+        reply = messages::buildMessage(empty);
+    }
+    return {Action::Reply, std::move(reply),
+            "geometry of " + cellText(request.layer, request.row, request.column) + ": " +
+                std::to_string(elements) + " elements" + remarks.text,
+            remarks.notable};
 }
 
-HandlerOutcome RequestHandler::cellValues(const SessionState& session, DWBUffer& message)
+DWBUffer RequestHandler::cellReply(std::int32_t layer, std::int32_t row, std::int32_t column,
+                                   std::size_t& elements)
+{
+    if (const CellReplyCache::Entry* cached = cells_.find(layer, row, column)) {
+        elements = cached->elements;
+        return DWBUffer(cached->reply);
+    }
+    messages::CellGeometry geometry;
+    geometry.layer = layer;
+    geometry.row = row;
+    geometry.column = column;
+    geometry.elements = reader_.cellElements(layer, row, column);
+    geometry.chooseCoordinates();
+    elements = geometry.elements.size();
+    DWBUffer reply = messages::buildMessage(geometry);
+    cells_.store(layer, row, column, {reply.buffer(), elements});
+    return reply;
+}
+
+HandlerOutcome RequestHandler::cellValues(SessionState& session, DWBUffer& message)
 {
     const auto request = messages::CellFieldValuesRequest::decode(message);
     messages::CellFieldValuesBuilder builder(request.layer, request.field);
@@ -172,7 +211,7 @@ HandlerOutcome RequestHandler::cellValues(const SessionState& session, DWBUffer&
     fill(remarks, [&] {
         const auto field =
             reader_.storedFieldName(request.layer, QString::fromStdString(request.field));
-        if (!field || reader_.layerLevel(session.user, session.map, request.layer) == 0) {
+        if (!field || levelOf(session, request.layer) == 0) {
             remarks.add("; no such field or no access to the layer");
             return;
         }
@@ -189,6 +228,17 @@ HandlerOutcome RequestHandler::cellValues(const SessionState& session, DWBUffer&
                          cellText(request.layer, request.row, request.column) + ": " +
                          std::to_string(reply.references.size()) + " elements",
                      remarks);
+}
+
+std::int16_t RequestHandler::levelOf(SessionState& session, std::int32_t layer)
+{
+    const auto known = session.levels.find(layer);
+    if (known != session.levels.end()) {
+        return known->second;
+    }
+    const std::int16_t level = reader_.layerLevel(session.user, session.map, layer);
+    session.levels.emplace(layer, level);
+    return level;
 }
 
 void RequestHandler::fill(Remarks& remarks, const std::function<void()>& read)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CellReplyCache.h"
 #include "DWBUffer.h"
 #include "HandlerOutcome.h"
 #include "MapReader.h"
@@ -8,6 +9,8 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <unordered_map>
+#include <vector>
 
 namespace orbelan::server {
 
@@ -39,14 +42,24 @@ private:
     HandlerOutcome dispatch(SessionState& session, std::int16_t code, DWBUffer& message);
     HandlerOutcome access(SessionState& session, DWBUffer& message);
     HandlerOutcome mapDefinition(const SessionState& session, DWBUffer& message);
-    HandlerOutcome layerLevels(const SessionState& session, DWBUffer& message);
-    HandlerOutcome cellGeometry(const SessionState& session, DWBUffer& message);
-    HandlerOutcome cellValues(const SessionState& session, DWBUffer& message);
+    HandlerOutcome layerLevels(SessionState& session, DWBUffer& message);
+    HandlerOutcome cellGeometry(SessionState& session, DWBUffer& message);
+    HandlerOutcome cellValues(SessionState& session, DWBUffer& message);
+    // The connection's user's level on the layer, remembered per connection.
+    std::int16_t levelOf(SessionState& session, std::int32_t layer);
+    DWBUffer definitionReply(std::int32_t map);
+    // The cell's reply from the cache, or built from the store and cached.
+    DWBUffer cellReply(std::int32_t layer, std::int32_t row, std::int32_t column,
+                       std::size_t& elements);
     // Runs a store read that fills a reply; a store failure leaves the reply
     // as it was (empty) and is noted.
     void fill(Remarks& remarks, const std::function<void()>& read);
 
     MapReader& reader_;
+    CellReplyCache cells_;
+    // Map definition replies already built, by map code (the definitions do
+    // not change while the server runs).
+    std::unordered_map<std::int32_t, std::vector<std::uint8_t>> definitions_;
 };
 
 } // namespace orbelan::server

@@ -65,6 +65,23 @@ TEST_F(MapServerTest, StartupExchangeGivesTheMapAndTheConnectionsOwnLevels)
     EXPECT_EQ(levels->levels, expected);
 }
 
+TEST_F(MapServerTest, ANewAccessRequestStartsFromTheNewUsersLevels)
+{
+    auto client = admitted(2);
+    const LayerAccessLevelsRequest request{0, {SampleStore::kLandmarks}};
+    EXPECT_EQ(client->ask<LayerAccessLevels>(request)->levels[0].level, 0);
+    EXPECT_TRUE(client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kLandmarks, 5655, 10935})
+                    ->elements.empty());
+    ASSERT_TRUE(client->ask<AccessAnswer>(AccessRequest{1, SampleStore::kMap})->granted());
+    EXPECT_EQ(client->ask<LayerAccessLevels>(request)->levels[0].level, 3);
+    EXPECT_EQ(client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kLandmarks, 5655, 10935})
+                  ->elements.size(),
+              1u);
+    ASSERT_FALSE(client->ask<AccessAnswer>(AccessRequest{3, SampleStore::kMap})->granted());
+    client->send(CellGeometryRequest{SampleStore::kLandmarks, 5655, 10935});
+    EXPECT_TRUE(client->closedByServer()) << "a refused access request undoes the earlier one";
+}
+
 TEST_F(MapServerTest, CellsCarryGeometryAndValuesWithinACentimetre)
 {
     auto client = admitted(1);

@@ -1,0 +1,208 @@
+// Load on orbelan-server: N connections, each passing the access request, the
+// map definition and the access levels of the Santiago demo map, then asking
+// for every cell of every layer, one request awaiting its reply at a time.
+// Reports cell requests per second (all connections together) and the p50
+// and p99 latency of one cell request.
+
+#include "AccessAnswer.h"
+#include "AccessRequest.h"
+#include "CellGeometry.h"
+#include "CellGeometryRequest.h"
+#include "Database.h"
+#include "DemoBuilder.h"
+#include "LayerAccessLevels.h"
+#include "LayerAccessLevelsRequest.h"
+#include "MapDefinition.h"
+#include "MapDefinitionRequest.h"
+#include "MapReader.h"
+#include "MapServer.h"
+#include "MessageFramer.h"
+#include "MessageIO.h"
+#include "ServerLog.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QCoreApplication>
+#include <QHostAddress>
+#include <QTcpSocket>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include <algorithm>
+#include <atomic>
+#include <chrono>
+#include <deque>
+#include <mutex>
+#include <sstream>
+#include <stdexcept>
+#include <thread>
+#include <vector>
+
+using namespace orbelan;
+using namespace orbelan::messages;
+using Clock = std::chrono::steady_clock;
+
+namespace {
+
+// The server over a demo store, in a thread of its own.
+class ServerUnderLoad : public QThread {
+public:
+    explicit ServerUnderLoad(QString path) : path_(std::move(path)) {}
+    ~ServerUnderLoad() override
+    {
+        quit();
+        wait();
+    }
+    quint16 startServing()
+    {
+        start();
+        while (port_ == 0 && isRunning()) {
+            QThread::msleep(5);
+        }
+        return port_;
+    }
+
+protected:
+    void run() override
+    {
+        server::Database database(path_);
+        server::MapReader reader(database);
+        std::ostringstream quiet;
+        server::ServerLog log(quiet, false);
+        server::MapServer mapServer(reader, log);
+        if (mapServer.listen(QHostAddress::LocalHost, 0)) {
+            port_ = mapServer.port();
+            exec();
+        }
+    }
+
+private:
+    QString path_;
+    std::atomic<quint16> port_{0};
+};
+
+// One client connection that waits for each reply.
+class LoadClient {
+public:
+    explicit LoadClient(quint16 port)
+    {
+        socket_.connectToHost(QHostAddress::LocalHost, port);
+        if (!socket_.waitForConnected(10'000)) {
+            throw std::runtime_error("cannot connect to the server");
+        }
+    }
+
+    template <typename Reply, typename Request>
+    Reply ask(const Request& request)
+    {
+        const auto bytes = buildMessage(request).buffer();
+        socket_.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+        while (ready_.empty()) {
+            if (!socket_.waitForReadyRead(10'000)) {
+                throw std::runtime_error("no reply");
+            }
+            const QByteArray chunk = socket_.readAll();
+            const Arrival arrival = framer_.feed({reinterpret_cast<const std::uint8_t*>(chunk.constData()),
+                                                  static_cast<std::size_t>(chunk.size())});
+            for (std::size_t i = 0; i < arrival.messages.size(); ++i) {
+                ready_.emplace_back(arrival.messages[i].begin(), arrival.messages[i].end());
+            }
+        }
+        DWBUffer message(ready_.front());
+        ready_.pop_front();
+        readHeader(message);
+        return Reply::decode(message);
+    }
+
+private:
+    QTcpSocket socket_;
+    MessageFramer framer_;
+    std::deque<std::vector<std::uint8_t>> ready_;
+};
+
+// One connection's whole session; returns the latency of each cell request.
+std::vector<double> oneSession(quint16 port)
+{
+    LoadClient client(port);
+    if (!client.ask<AccessAnswer>(AccessRequest{1, 1}).granted()) {
+        throw std::runtime_error("access refused");
+    }
+    const auto map = client.ask<MapDefinition>(MapDefinitionRequest{1});
+    LayerAccessLevelsRequest levels{1, {}};
+    for (const LayerRecord& layer : map.layers) {
+        levels.layers.push_back(layer.id);
+    }
+    client.ask<LayerAccessLevels>(levels);
+    std::vector<double> latencies;
+    for (const LayerRecord& layer : map.layers) {
+        for (std::int32_t row = layer.minCol; row <= layer.maxCol; ++row) {
+            for (std::int32_t column = layer.minRow; column <= layer.maxRow; ++column) {
+                const auto start = Clock::now();
+                benchmark::DoNotOptimize(client.ask<CellGeometry>(CellGeometryRequest{layer.id, row, column}));
+                latencies.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
+            }
+        }
+    }
+    return latencies;
+}
+
+double percentile(std::vector<double>& values, double fraction)
+{
+    const auto index = static_cast<std::size_t>(fraction * static_cast<double>(values.size() - 1));
+    std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(index), values.end());
+    return values[index];
+}
+
+struct DemoStore {
+    QTemporaryDir dir;
+    QString path = dir.filePath(QStringLiteral("demo.sqlite"));
+    DemoStore()
+    {
+        server::Database database(path);
+        std::ostringstream report;
+        server::DemoBuilder(database, report).build();
+    }
+};
+
+void BM_SantiagoCellRequests(benchmark::State& state)
+{
+    static DemoStore store;
+    ServerUnderLoad server(store.path);
+    const quint16 port = server.startServing();
+    const auto connections = static_cast<std::size_t>(state.range(0));
+    std::vector<double> latencies;
+    std::mutex mutex;
+    double seconds = 0.0;
+    for (auto _ : state) {
+        const auto start = Clock::now();
+        std::vector<std::thread> clients;
+        for (std::size_t c = 0; c < connections; ++c) {
+            clients.emplace_back([&] {
+                std::vector<double> own = oneSession(port);
+                const std::lock_guard lock(mutex);
+                latencies.insert(latencies.end(), own.begin(), own.end());
+            });
+        }
+        for (std::thread& client : clients) {
+            client.join();
+        }
+        const double elapsed = std::chrono::duration<double>(Clock::now() - start).count();
+        seconds += elapsed;
+        state.SetIterationTime(elapsed);
+    }
+    state.counters["cell_requests_per_s"] = static_cast<double>(latencies.size()) / seconds;
+    state.counters["p50_ms"] = percentile(latencies, 0.50);
+    state.counters["p99_ms"] = percentile(latencies, 0.99);
+}
+BENCHMARK(BM_SantiagoCellRequests)->Arg(1)->Arg(32)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    QCoreApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
