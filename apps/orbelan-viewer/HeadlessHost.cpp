@@ -100,6 +100,7 @@ void HeadlessHost::addCommands()
         {"key", bind(&HeadlessHost::key)},
         {"set", bind(&HeadlessHost::setProperty)},
         {"get", bind(&HeadlessHost::getProperty)},
+        {"view", bind(&HeadlessHost::printView)},
         {"quit", [this](const QStringList&) { quit(); }},
     };
 }
@@ -221,6 +222,7 @@ bool HeadlessHost::invokeViewerMethod(const QString& name, const QStringList& ar
             continue;
         }
         std::array<QVariant, kMaximumArguments> values;
+        std::array<QByteArray, kMaximumArguments> typeNames;
         std::array<QGenericArgument, kMaximumArguments> generic;
         for (int i = 0; i < method.parameterCount(); ++i) {
             values[i] = arguments[i];
@@ -229,7 +231,9 @@ bool HeadlessHost::invokeViewerMethod(const QString& name, const QStringList& ar
                           .arg(name, quote(arguments[i]), QString::fromUtf8(method.parameterTypeName(i))));
                 return true;
             }
-            generic[i] = QGenericArgument(method.parameterTypeName(i).constData(), values[i].constData());
+            // The argument keeps a pointer to its type name, which must outlive the call.
+            typeNames[i] = method.parameterTypeName(i);
+            generic[i] = QGenericArgument(typeNames[i].constData(), values[i].constData());
         }
         QVariant result(method.returnMetaType());
         const bool returnsValue = method.returnMetaType().id() != QMetaType::Void;
@@ -378,6 +382,18 @@ void HeadlessHost::getProperty(const QStringList& arguments)
         return;
     }
     print(QStringLiteral("property %1 %2").arg(arguments[0], formatValue(viewer_.property(name.constData()))));
+}
+
+void HeadlessHost::printView(const QStringList&)
+{
+    const Viewport& view = viewer_.viewport();
+    const BoundingBox& box = view.viewBox();
+    QStringList words{QStringLiteral("view")};
+    for (const double value : {view.centre().x, view.centre().y, double(view.scale()), box.MinX, box.MinY,
+                               box.MaxX, box.MaxY}) {
+        words << formatValue(value);
+    }
+    print(words.join(' '));
 }
 
 void HeadlessHost::print(const QString& line)

@@ -53,6 +53,7 @@ private:
     void key(const QStringList& arguments);
     void setProperty(const QStringList& arguments);
     void getProperty(const QStringList& arguments);
+    void printView(const QStringList& arguments);
 
     void print(const QString& line);
     void error(const QString& message);

@@ -1,6 +1,9 @@
 #include "Viewer.h"
 
+#include "AccessRequest.h"
 #include "ActivityShape.h"
+#include "CellFieldValuesRequest.h"
+#include "CellGeometryRequest.h"
 #include "InputCodes.h"
 #include "OleColor.h"
 #include "PropertyBag.h"
@@ -40,6 +43,18 @@ constexpr std::int32_t kDefaultPort = 10010;
 constexpr int kCompanyLabelMargin = 10;
 constexpr int kIndicatorMargin = 4;
 constexpr int kMaximumPort = std::numeric_limits<quint16>::max();
+
+bool sameText(std::string_view a, std::string_view b)
+{
+    return QString::fromUtf8(a.data(), static_cast<qsizetype>(a.size()))
+               .compare(QString::fromUtf8(b.data(), static_cast<qsizetype>(b.size())), Qt::CaseInsensitive) == 0;
+}
+
+template <typename Message>
+void send(ServerConnection& connection, const Message& message)
+{
+    connection.sendRequest(Message::kCode, [&message](DWBUffer& buffer) { message.encode(buffer); });
+}
 
 QVariant number(std::int64_t value)
 {
@@ -113,7 +128,7 @@ void Viewer::connectReceiveSide()
     });
     connect(&connection_, &ServerConnection::allRepliesIn, this, [this] {
         showIdlePointer();
-        redrawMap();
+        Redraw();
     });
 }
 
@@ -279,7 +294,7 @@ void Viewer::showEvent(QShowEvent* event)
 
 void Viewer::firstShow()
 {
-    redrawMap();
+    Redraw();
     if (!connection_.connectToServer()) {
         ui_->messageBox(this, kConnectionFailure, MessageButtons::OK, MessageIcon::Critical, kCaption);
         return;
@@ -291,10 +306,7 @@ void Viewer::firstShow()
 
 void Viewer::requestAccess()
 {
-    connection_.sendRequest(CommandCode::AccessRequest, [this](DWBUffer& message) {
-        message.PutLong(idUser_);
-        message.PutLong(mapCode_);
-    });
+    send(connection_, messages::AccessRequest{idUser_, mapCode_});
 }
 
 void Viewer::hideEvent(QHideEvent* event)
@@ -315,7 +327,13 @@ void Viewer::resizeEvent(QResizeEvent* event)
     QWidget::resizeEvent(event);
     placeCompanyLabel();
     placeIndicators();
-    redrawMap();
+    BoundingBox keepCentreAndScale;
+    if (viewport_.resize(width(), height(), keepCentreAndScale) && !busy) {
+        SetView(keepCentreAndScale.MinX, keepCentreAndScale.MinY, keepCentreAndScale.MaxX,
+                keepCentreAndScale.MaxY);
+    } else {
+        Redraw();
+    }
 }
 
 void Viewer::placeCompanyLabel()
@@ -341,14 +359,116 @@ void Viewer::applyColors()
     update();
 }
 
-// Paints the map picture afresh and shows it.
-void Viewer::redrawMap()
+void Viewer::SetView(double x1, double y1, double x2, double y2)
 {
+    setCursor(Qt::BusyCursor);
+    viewport_.setSize(width(), height());
+    if (viewport_.SetView(x1, y1, x2, y2)) {
+        Redraw();
+        RequestMissingCells();
+    }
+    showIdlePointer();
+}
+
+void Viewer::Redraw()
+{
+    viewport_.setSize(width(), height());
     if (imgMap_.size() != size()) {
         imgMap_ = QImage(size(), QImage::Format_ARGB32_Premultiplied);
     }
-    imgMap_.fill(palette().color(QPalette::Window));
+    imgMap_.fill(olecolor::toQColor(BackgroundColor, palette()));
     update();
+    showIdlePointer();
+    if (!busy) {
+        emit MapRedrawn();
+    }
+}
+
+void Viewer::ZoomIn()
+{
+    zoomAboutCentre(2);
+}
+
+void Viewer::ZoomOut()
+{
+    zoomAboutCentre(0.5f);
+}
+
+void Viewer::zoomAboutCentre(float factor)
+{
+    const MapPoint centre{viewport_.ScreenToWorldX(static_cast<float>(width()) / 2),
+                          viewport_.ScreenToWorldY(static_cast<float>(height()) / 2)};
+    BoundingBox box;
+    if (!busy && viewport_.zoomBox(factor, centre, box)) {
+        SetView(box.MinX, box.MinY, box.MaxX, box.MaxY);
+    }
+}
+
+void Viewer::ZoomExtents()
+{
+    if (!busy) {
+        SetView(mapExtent.MinX, mapExtent.MinY, mapExtent.MaxX, mapExtent.MaxY);
+    }
+}
+
+float Viewer::CurrentZoom() const
+{
+    return viewport_.CurrentZoom();
+}
+
+void Viewer::RequestMissingCells()
+{
+    const BoundingBox& view = viewport_.viewBox();
+    for (layer& mapLayer : layers_) {
+        if (mapLayer.CalculateVisibility()) {
+            requestMissingCells(mapLayer, mapLayer.GetCellsInArea(view.MinX, view.MinY, view.MaxX, view.MaxY));
+        }
+    }
+}
+
+void Viewer::requestMissingCells(layer& mapLayer, const std::vector<GridCell>& cells)
+{
+    const bool labels = !mapLayer.lblField.empty() && mapLayer.CalculateLabelVisibility();
+    const bool directions = !mapLayer.DirectionField.empty() && mapLayer.CalculateDirectionVisibility();
+    for (const GridCell& cell : cells) {
+        if (!mapLayer.IsCeldaSolicitada(cell.row, cell.column)) {
+            RequestCell(mapLayer.IDLayer, cell.row, cell.column, mapLayer.ThematicField);
+            mapLayer.CeldaSolicitada(cell.row, cell.column);
+        }
+        if (labels && !mapLayer.IsLabelCellSolicitada(cell.row, cell.column)) {
+            requestFieldValues(mapLayer, cell, mapLayer.lblField);
+            mapLayer.LabelCellSolicitada(cell.row, cell.column);
+        }
+        if (directions && !mapLayer.IsDirectionCellSolicitada(cell.row, cell.column)) {
+            requestFieldValues(mapLayer, cell, mapLayer.DirectionField);
+            mapLayer.DirectionCellSolicitada(cell.row, cell.column);
+        }
+    }
+}
+
+void Viewer::RequestCell(std::int32_t layerID, std::int32_t row, std::int32_t column, std::string_view)
+{
+    const layer* mapLayer = layers_.Find(layerID);
+    changeStatus(layerID, StatusList::RequestingLayer,
+                 mapLayer ? QString::fromStdString(mapLayer->Nombre) : QString());
+    send(connection_, messages::CellGeometryRequest{layerID, row, column});
+}
+
+// Label and thematic requests show as such in the status list; others do not.
+void Viewer::requestFieldValues(const layer& mapLayer, GridCell cell, const std::string& field)
+{
+    const QString name = QString::fromStdString(mapLayer.Nombre);
+    if (sameText(field, mapLayer.lblField)) {
+        changeStatus(mapLayer.IDLayer, StatusList::RequestingLabels, name);
+    } else if (sameText(field, mapLayer.ThematicField)) {
+        changeStatus(mapLayer.IDLayer, StatusList::RequestingTheme, name);
+    }
+    send(connection_, messages::CellFieldValuesRequest{mapLayer.IDLayer, cell.row, cell.column, field});
+}
+
+std::int32_t Viewer::ImageNumberOf(std::string_view) const
+{
+    return -1;
 }
 
 void Viewer::showIdlePointer()

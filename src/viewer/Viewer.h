@@ -1,7 +1,10 @@
 #pragma once
 
+#include "Layers.h"
+#include "ParentMap.h"
 #include "ServerConnection.h"
 #include "StatusList.h"
+#include "Viewport.h"
 
 #include <QImage>
 #include <QList>
@@ -27,7 +30,10 @@ class UiServices;
 // knows to save its bag. The first time the control is shown in user mode it
 // connects to the server and asks for access to its map; in a designer (user
 // mode off) it never connects.
-class Viewer : public QWidget {
+//
+// Every change of view ends in SetView, which fits a geographic box into the
+// control, redraws and asks the server for the grid cells still missing.
+class Viewer : public QWidget, public ParentMap {
     Q_OBJECT
     Q_PROPERTY(uint BackColor READ BackColor WRITE setBackColor)
     Q_PROPERTY(uint ForeColor READ ForeColor WRITE setForeColor)
@@ -41,6 +47,8 @@ class Viewer : public QWidget {
     Q_PROPERTY(int Width READ Width WRITE setWidth)
     Q_PROPERTY(int Height READ Height WRITE setHeight)
     Q_PROPERTY(int PendingRequests READ PendingRequests)
+    Q_PROPERTY(int Projection READ Projection WRITE setProjection)
+    Q_PROPERTY(uint BackgroundColor MEMBER BackgroundColor)
 
 public:
     // Keys of the persisted properties in the host's property bag.
@@ -94,8 +102,21 @@ public:
 
     int Width() const { return width(); }
     void setWidth(int width);
-    int Height() const { return height(); }
+    int Height() const override { return height(); }
     void setHeight(int height);
+
+    // The map's projection code: 0 latitude/longitude, 1 Albers, 40 to 160 UTM.
+    int Projection() const { return viewport_.Projection(); }
+    void setProjection(int code) { viewport_.setProjection(code); }
+    // The colour the map is cleared with before each redraw.
+    std::uint32_t BackgroundColor = 0xFFFFFF;
+    // The map's whole area in degrees, shown by ZoomExtents.
+    BoundingBox mapExtent;
+    // True while a map or layer is loading: navigation then does nothing.
+    bool busy = false;
+
+    orbelan::Layers& Layers() { return layers_; }
+    const Viewport& viewport() const { return viewport_; }
 
     // A new control on a host form: the ambient font, map 1, and the next
     // show is a first show again.
@@ -105,6 +126,26 @@ public:
 
     // The control's commands for hosts; they are invokable by name.
     Q_INVOKABLE void About();
+    // Fits the geographic box (corners in any order) into the control,
+    // redraws and requests the cells the view still lacks.
+    Q_INVOKABLE void SetView(double x1, double y1, double x2, double y2);
+    Q_INVOKABLE void Redraw();
+    Q_INVOKABLE void ZoomIn();
+    Q_INVOKABLE void ZoomOut();
+    Q_INVOKABLE void ZoomExtents();
+    // Height of the view in kilometres.
+    Q_INVOKABLE float CurrentZoom() const;
+    // Asks for the grid cells of the view never asked for: geometry of every
+    // visible layer, label and direction values where those show.
+    void RequestMissingCells();
+
+    float DrawScale() const override { return viewport_.scale(); }
+    // The control has no raster images yet: every name gives -1.
+    std::int32_t ImageNumberOf(std::string_view imageName) const override;
+    // Geometry requests carry the layer, row and column; the thematic field
+    // is asked for once the cell has arrived.
+    void RequestCell(std::int32_t layerID, std::int32_t row, std::int32_t column,
+                     std::string_view thematicField) override;
 
     std::int32_t PendingRequests() const { return connection_.pendingRequests(); }
     ServerConnection& connection() { return connection_; }
@@ -151,7 +192,9 @@ private:
     void placeCompanyLabel();
     void placeIndicators();
     void applyColors();
-    void redrawMap();
+    void zoomAboutCentre(float factor);
+    void requestMissingCells(layer& mapLayer, const std::vector<GridCell>& cells);
+    void requestFieldValues(const layer& mapLayer, GridCell cell, const std::string& field);
     void showIdlePointer();
     QFont ambientFont() const;
 
@@ -159,6 +202,8 @@ private:
     UiServices* ui_ = nullptr;
     ServerConnection connection_;
     StatusList status_;
+    Viewport viewport_;
+    orbelan::Layers layers_;
     QImage imgMap_;
 
     ActivityShape* shpReadingData_ = nullptr;

@@ -124,10 +124,15 @@ bool Viewport::zoomBox(float factor, MapPoint about, BoundingBox& box) const
     return true;
 }
 
-bool Viewport::resize(int width, int height, BoundingBox& box)
+void Viewport::setSize(int width, int height)
 {
     width_ = std::max(width, 0);
     height_ = std::max(height, 0);
+}
+
+bool Viewport::resize(int width, int height, BoundingBox& box)
+{
+    setSize(width, height);
     double west = 0;
     double south = 0;
     double east = 0;

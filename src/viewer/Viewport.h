@@ -47,6 +47,8 @@ public:
     // The geographic box that zooming by factor about the projected point
     // shows: the view box's size divided by factor, centred on the point.
     bool zoomBox(float factor, MapPoint about, BoundingBox& box) const;
+    // The control's size in pixels; centre and scale stay.
+    void setSize(int width, int height);
     // The new pixel size of the control. When a view exists, box receives
     // the geographic box that keeps centre and scale, and the result is true.
     bool resize(int width, int height, BoundingBox& box);

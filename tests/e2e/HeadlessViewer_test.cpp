@@ -34,12 +34,18 @@ protected:
 
     void command(const QByteArray& line) { viewer.write(line + '\n'); }
 
-    // The next line the host prints.
+    // The next line the host prints, looking past the redraws that every
+    // show, resize and completed reply brings.
     QString nextLine()
     {
-        while (!viewer.canReadLine() && viewer.waitForReadyRead(kWaitMilliseconds)) {
+        for (;;) {
+            while (!viewer.canReadLine() && viewer.waitForReadyRead(kWaitMilliseconds)) {
+            }
+            const QString line = QString::fromUtf8(viewer.readLine()).trimmed();
+            if (line != "event MapRedrawn") {
+                return line;
+            }
         }
-        return QString::fromUtf8(viewer.readLine()).trimmed();
     }
 
     void quit()

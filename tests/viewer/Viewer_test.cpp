@@ -1,3 +1,6 @@
+#include "CellFieldValuesRequest.h"
+#include "CellGeometryRequest.h"
+#include "MessageFramer.h"
 #include "PropertyBag.h"
 #include "ScriptedUiServices.h"
 #include "SettingsPropertyBag.h"
@@ -12,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <set>
 
 using namespace orbelan;
 
@@ -265,6 +269,68 @@ TEST_F(ViewerTest, KeysAreReportedWithTheirVirtualKeyCodes)
     ASSERT_EQ(press.size(), 1);
     EXPECT_EQ(press.at(0).at(0).toInt(), 'a');
     EXPECT_EQ(up.size(), 2);
+}
+
+// The requests that arrived at the peer, cut into messages.
+std::vector<orbelan::DWBUffer> receivedMessages(QTcpSocket& peer)
+{
+    QTest::qWait(200);
+    const QByteArray bytes = peer.readAll();
+    const orbelan::Arrival arrival = orbelan::MessageFramer().feed(
+        std::span(reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size())));
+    std::vector<orbelan::DWBUffer> messages;
+    for (std::size_t i = 0; i < arrival.messages.size(); ++i) {
+        messages.emplace_back(arrival.messages[i]);
+    }
+    return messages;
+}
+
+TEST_F(ViewerTest, TheCellsOfTheViewAreRequestedOnce)
+{
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    pointAt(server.serverPort());
+    viewer.show();
+    ASSERT_TRUE(server.hasPendingConnections());
+    std::unique_ptr<QTcpSocket> peer(server.nextPendingConnection());
+    ASSERT_EQ(readExactly(*peer, 18).size(), 18);
+
+    layer& streets = viewer.Layers().AddLayer("Calles", 5, polylinelayer, viewer);
+    streets.GridDeltaX = 1;
+    streets.GridDeltaY = 1;
+    streets.minCol = 0; // rows
+    streets.maxCol = 180;
+    streets.minRow = 0; // columns
+    streets.maxRow = 360;
+    streets.AccessLevel = ALViewer;
+    streets.setUserVisibility(2);
+    streets.lblField = "NOMBRE";
+    streets.setUserLabelVisibility(2);
+
+    viewer.SetView(0, 0, 2, 1);
+    std::set<std::pair<int, int>> geometry;
+    std::set<std::pair<int, int>> labels;
+    for (orbelan::DWBUffer& message : receivedMessages(*peer)) {
+        message.GetFromBuffer(8);
+        const auto code = static_cast<CommandCode>(message.GetInteger());
+        if (code == CommandCode::CellGeometryRequest) {
+            const auto request = messages::CellGeometryRequest::decode(message);
+            EXPECT_EQ(request.layer, 5);
+            EXPECT_TRUE(geometry.insert({request.row, request.column}).second) << "a cell twice";
+        } else {
+            ASSERT_EQ(code, CommandCode::CellFieldValuesRequest);
+            const auto request = messages::CellFieldValuesRequest::decode(message);
+            EXPECT_EQ(request.field, "NOMBRE");
+            EXPECT_TRUE(labels.insert({request.row, request.column}).second) << "a label cell twice";
+        }
+    }
+    EXPECT_TRUE(geometry.contains({90, 181}));
+    EXPECT_EQ(labels, geometry);
+    EXPECT_EQ(viewer.PendingRequests(), 1 + static_cast<int>(geometry.size() + labels.size()));
+    EXPECT_TRUE(viewer.statusText().contains("Requesting Layer Calles"));
+
+    viewer.SetView(0, 0, 2, 1);
+    EXPECT_TRUE(receivedMessages(*peer).empty());
 }
 
 } // namespace

@@ -15,8 +15,7 @@ namespace {
 Viewport sized(int width, int height, int projection = 0)
 {
     Viewport view;
-    BoundingBox unused;
-    view.resize(width, height, unused);
+    view.setSize(width, height);
     view.setProjection(projection);
     return view;
 }
