@@ -1,7 +1,10 @@
 #!/usr/bin/env bash
-# The main job: installs what is missing, builds everything into build/ and
-# starts the host application orbelan-viewer. Arguments go to orbelan-viewer
-# (for example --url HOST --port N --user ID --map CODE).
+# The main job: installs what is missing, builds everything into build/,
+# builds the demo map store build/demo.sqlite when it is missing, starts
+# orbelan-server on 127.0.0.1:10010 and then the host application
+# orbelan-viewer connected to it as user 1 on map 1 (Santiago). The server
+# stops when the viewer exits. Arguments go to orbelan-viewer and win over
+# those defaults (for example --user 2 --map 3).
 # Without a display the host runs headless, reading commands from stdin.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -10,8 +13,30 @@ bash scripts/setup.sh
 cmake --preset default
 cmake --build build
 
-if [[ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]]; then
-  exec build/bin/orbelan-viewer "$@"
+store=build/demo.sqlite
+port=10010
+if [[ ! -f "$store" ]]; then
+  build/bin/orbelan-server demo --db "$store"
 fi
-echo "No display: starting orbelan-viewer --headless (type commands, 'quit' to stop; see the README)."
-exec build/bin/orbelan-viewer --headless "$@"
+
+build/bin/orbelan-server serve --db "$store" --listen 127.0.0.1 --port "$port" &
+server=$!
+trap 'kill "$server" 2>/dev/null || true; wait "$server" 2>/dev/null || true' EXIT
+for _ in $(seq 50); do
+  if ! kill -0 "$server" 2>/dev/null; then
+    echo "orbelan-server did not start (is port $port taken?); the viewer connects to whatever listens there." >&2
+    break
+  fi
+  if (exec 3<>"/dev/tcp/127.0.0.1/$port") 2>/dev/null; then
+    break
+  fi
+  sleep 0.1
+done
+
+viewer=(build/bin/orbelan-viewer --url 127.0.0.1 --port "$port" --user 1 --map 1)
+if [[ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]]; then
+  "${viewer[@]}" "$@"
+else
+  echo "No display: starting orbelan-viewer --headless (type commands, 'quit' to stop; see the README)."
+  "${viewer[@]}" --headless "$@"
+fi
