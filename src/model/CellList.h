@@ -23,7 +23,6 @@ public:
     void Clear();
 
     std::span<const GridCell> cells() const { return cells_; }
-    std::size_t count() const { return cells_.size(); }
 
 private:
     std::vector<GridCell> cells_;

@@ -3,8 +3,7 @@
 namespace orbelan {
 
 DuplicateKeyError::DuplicateKeyError(const std::string& key)
-    : std::invalid_argument("the key \"" + key + "\" is already associated with an element of this collection"),
-      key_(key)
+    : std::invalid_argument("the key \"" + key + "\" is already associated with an element of this collection")
 {
 }
 

@@ -10,11 +10,6 @@ namespace orbelan {
 class DuplicateKeyError : public std::invalid_argument {
 public:
     explicit DuplicateKeyError(const std::string& key);
-
-    const std::string& key() const { return key_; }
-
-private:
-    std::string key_;
 };
 
 } // namespace orbelan

@@ -4,52 +4,25 @@
 
 #include <limits>
 #include <string_view>
+#include <utility>
 
 using orbelan::Val;
 
 namespace {
 
-struct Row {
-    std::string_view text;
-    double expected;
-};
-
-TEST(Val, ReadsTheLeadingNumber)
+// Too large is infinite, too small 0.
+TEST(Val, ReadsTheLeadingNumberIgnoringBlanks)
 {
-    const Row rows[] = {
-        {"10", 10},        {"12.5abc", 12.5}, {"-3e2", -300},  {"1D2", 100},   {"2.5E-1", 0.25},
-        {"+7", 7},         {".5", 0.5},       {"-.5", -0.5},   {"1.", 1},      {"1,5", 1},
-        {"1e", 1},         {"1e+", 1},        {"7-", 7},       {"0x10", 0},    {"3 . 5", 3.5},
+    const std::pair<std::string_view, double> rows[] = {
+        {"12.5abc", 12.5}, {"-3e2", -300}, {"1D2", 100},  {"+7", 7},    {"-.5", -0.5}, {"1,5", 1},
+        {"1e+", 1},        {"0x10", 0},    {"1 000", 1000}, {"\t- 2\n5", -25}, {"\r5", 0}, {"", 0},
+        {".", 0},          {"--5", 0},     {"MICanyMIC", 0}, {"1e999", std::numeric_limits<double>::infinity()},
+        {"-0.001e99999999999999999999", -std::numeric_limits<double>::infinity()}, {"1000e-400", 0},
+        {"1e-99999999999999999999", 0},
     };
-    for (const Row& row : rows) {
-        EXPECT_EQ(Val(row.text), row.expected) << row.text;
+    for (const auto& [text, expected] : rows) {
+        EXPECT_EQ(Val(text), expected) << text;
     }
-}
-
-TEST(Val, IgnoresBlanksTabsAndLineFeedsAnywhere)
-{
-    EXPECT_EQ(Val("  42"), 42);
-    EXPECT_EQ(Val("1 000"), 1000);
-    EXPECT_EQ(Val("\t- 2\n5"), -25);
-    EXPECT_EQ(Val("\r5"), 0);
-}
-
-TEST(Val, TextThatIsNoNumberIsZero)
-{
-    for (std::string_view text : {"", "abc", ".", "-", "--5", "e5", "MICanyMIC"}) {
-        EXPECT_EQ(Val(text), 0) << text;
-    }
-}
-
-TEST(Val, OutOfRangeSaturates)
-{
-    const double infinity = std::numeric_limits<double>::infinity();
-    EXPECT_EQ(Val("1e999"), infinity);
-    EXPECT_EQ(Val("-1e999"), -infinity);
-    EXPECT_EQ(Val("0.001e99999999999999999999"), infinity);
-    EXPECT_EQ(Val("1e-999"), 0);
-    EXPECT_EQ(Val("1000e-400"), 0);
-    EXPECT_EQ(Val("-1e-99999999999999999999"), 0);
 }
 
 } // namespace
