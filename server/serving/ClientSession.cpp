@@ -1,6 +1,7 @@
 #include "ClientSession.h"
 
 #include <QByteArray>
+#include <QMetaObject>
 
 namespace orbelan::server {
 
@@ -9,34 +10,58 @@ ClientSession::ClientSession(QTcpSocket* socket, std::uint64_t number, RequestHa
     : QObject(parent), socket_(socket), number_(number), handler_(handler), log_(log)
 {
     socket_->setParent(this);
+    socket_->setReadBufferSize(kReadChunk);
     log_.line(prefix() + "opened from " + socket_->peerAddress().toString().toStdString() + ":" +
               std::to_string(socket_->peerPort()));
     connect(socket_, &QTcpSocket::readyRead, this, &ClientSession::readArrived);
+    connect(socket_, &QTcpSocket::bytesWritten, this, &ClientSession::answerWaiting);
     connect(socket_, &QTcpSocket::disconnected, this, &ClientSession::closed);
 }
 
+// Reads only when every request read before has been answered, so that the
+// requests waiting here never exceed one chunk of bytes.
 void ClientSession::readArrived()
 {
     if (closing_) {
         socket_->readAll();
         return;
     }
-    const QByteArray bytes = socket_->readAll();
+    if (!waiting_.empty()) {
+        return;
+    }
+    const QByteArray bytes = socket_->read(kReadChunk);
     const Arrival arrival = framer_.feed(
         {reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size())});
     for (std::size_t i = 0; i < arrival.messages.size(); ++i) {
-        if (!answer(arrival.messages[i])) {
-            return;
-        }
+        waiting_.emplace_back(arrival.messages[i].begin(), arrival.messages[i].end());
     }
     if (arrival.droppedBytes > 0) {
+        untrusted_ = true;
         log_.line(prefix() + "dropped " + std::to_string(arrival.droppedBytes) +
                   " bytes that are not a request (bad signature or length); closing");
+    }
+    answerWaiting();
+}
+
+// Answers the waiting requests while the replies not yet sent stay below the
+// limit: a client that sends without reading is slowed down by TCP instead of
+// filling the server's memory.
+void ClientSession::answerWaiting()
+{
+    while (!waiting_.empty() && !closing_ && socket_->bytesToWrite() <= kMaximumUnsentBytes) {
+        const std::vector<std::uint8_t> request = std::move(waiting_.front());
+        waiting_.pop_front();
+        answer(request);
+    }
+    if (waiting_.empty() && untrusted_ && !closing_) {
         closeConnection();
+    }
+    if (waiting_.empty() && !closing_ && socket_->bytesAvailable() > 0) {
+        QMetaObject::invokeMethod(this, &ClientSession::readArrived, Qt::QueuedConnection);
     }
 }
 
-bool ClientSession::answer(std::span<const std::uint8_t> request)
+void ClientSession::answer(std::span<const std::uint8_t> request)
 {
     DWBUffer message(request);
     const HandlerOutcome outcome = handler_.handle(state_, message);
@@ -49,20 +74,20 @@ bool ClientSession::answer(std::span<const std::uint8_t> request)
     case HandlerOutcome::Action::Reply: {
         const auto bytes = outcome.reply.bytes();
         socket_->write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
-        return true;
+        break;
     }
     case HandlerOutcome::Action::Drop:
-        return true;
+        break;
     case HandlerOutcome::Action::Close:
         closeConnection();
-        return false;
+        break;
     }
-    return true;
 }
 
 void ClientSession::closeConnection()
 {
     closing_ = true;
+    waiting_.clear();
     socket_->disconnectFromHost();
 }
 

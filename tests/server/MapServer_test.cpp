@@ -154,6 +154,25 @@ TEST_F(MapServerTest, UnknownOrForbiddenRequestsGetOneEmptyReplyEach)
     EXPECT_TRUE(otherMap->layers.empty());
 }
 
+// The server holds such a client back instead of filling its memory, and
+// still answers every request once the client reads.
+TEST_F(MapServerTest, AClientThatDoesNotReadGetsEveryReplyLater)
+{
+    auto client = admitted(1);
+    const auto request = buildMessage(CellGeometryRequest{SampleStore::kStreets, 5655, 10935}).buffer();
+    constexpr int kRequests = 50000; // some 5.7 MB of replies, more than the server holds unsent
+    std::vector<std::uint8_t> burst;
+    for (int i = 0; i < kRequests; ++i) {
+        burst.insert(burst.end(), request.begin(), request.end());
+    }
+    client->sendBytes(burst);
+    for (int i = 0; i < kRequests; ++i) {
+        const auto cell = client->reply<CellGeometry>();
+        ASSERT_TRUE(cell) << "reply " << i;
+        ASSERT_EQ(cell->elements.size(), 3u);
+    }
+}
+
 TEST_F(MapServerTest, AccessIsRefusedAndARequestBeforeItClosesTheConnection)
 {
     WireClient refused(port);
