@@ -1,0 +1,58 @@
+#include "CellGeometry.h"
+#include "CellGeometryRequest.h"
+#include "CommandCatalogue.h"
+#include "MapReader.h"
+#include "MessageIO.h"
+#include "RequestHandler.h"
+#include "SampleStore.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace orbelan;
+using namespace orbelan::server;
+
+namespace {
+
+// Messages with every client code and payloads of random bytes and lengths:
+// whatever they hold, the handler answers, drops or closes, and never lets
+// an exception out; a well-formed request afterwards is still answered.
+TEST(RequestHandler, RandomPayloadsNeverEscapeTheHandler)
+{
+    SampleStore store;
+    MapReader reader(store.database());
+    RequestHandler handler(reader);
+    std::mt19937 random(20261122);
+    std::uniform_int_distribution<int> byte(0, 255);
+    std::uniform_int_distribution<int> length(0, 40);
+    std::vector<std::int16_t> codes;
+    for (const CommandInfo& info : commandCatalogue()) {
+        codes.push_back(codeNumber(info.code));
+    }
+    codes.push_back(999);
+    SessionState session;
+    for (int round = 0; round < 4000; ++round) {
+        if (round % 50 == 0) {
+            session = SessionState{true, 1, SampleStore::kMap, {}};
+        }
+        DWBUffer message;
+        message.CrearHeader();
+        message.PutInteger(codes[static_cast<std::size_t>(round) % codes.size()]);
+        for (int k = length(random); k > 0; --k) {
+            message.PutByte(static_cast<std::uint8_t>(byte(random)));
+        }
+        message.cerrarMensaje(0);
+        DWBUffer received(message.bytes());
+        ASSERT_NO_THROW(handler.handle(session, received)) << "round " << round;
+    }
+    session = SessionState{true, 1, SampleStore::kMap, {}};
+    DWBUffer request = messages::buildMessage(messages::CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    const HandlerOutcome outcome = handler.handle(session, request);
+    ASSERT_EQ(outcome.action, HandlerOutcome::Action::Reply);
+    DWBUffer reply(outcome.reply.bytes());
+    messages::readHeader(reply);
+    EXPECT_EQ(messages::CellGeometry::decode(reply).elements.size(), 3u);
+}
+
+} // namespace
