@@ -70,6 +70,16 @@ Qt::KeyboardModifiers modifiersOf(int shift)
     return modifiers;
 }
 
+int buttonOf(Qt::MouseButton button)
+{
+    switch (button) {
+    case Qt::LeftButton: return 1;
+    case Qt::RightButton: return 2;
+    case Qt::MiddleButton: return 4;
+    default: return 0;
+    }
+}
+
 Qt::MouseButton mouseButtonOf(int button)
 {
     switch (button) {

@@ -17,6 +17,7 @@ Qt::Key keyOf(int keyCode);
 int shiftOf(Qt::KeyboardModifiers modifiers);
 Qt::KeyboardModifiers modifiersOf(int shift);
 
+int buttonOf(Qt::MouseButton button);
 Qt::MouseButton mouseButtonOf(int button);
 
 } // namespace orbelan::inputcodes

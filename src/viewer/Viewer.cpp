@@ -6,6 +6,9 @@
 #include "CellGeometryRequest.h"
 #include "InputCodes.h"
 #include "OleColor.h"
+#include "PanTool.h"
+#include "ZoomFactorTool.h"
+#include "ZoomWindowTool.h"
 #include "PropertyBag.h"
 #include "Windows1252.h"
 #include "WidgetUiServices.h"
@@ -15,6 +18,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QRubberBand>
+#include <QWheelEvent>
 #include <QSignalBlocker>
 
 #include <limits>
@@ -43,6 +48,11 @@ constexpr std::int32_t kDefaultPort = 10010;
 constexpr int kCompanyLabelMargin = 10;
 constexpr int kIndicatorMargin = 4;
 constexpr int kMaximumPort = std::numeric_limits<quint16>::max();
+constexpr int kLeftButton = 1;
+constexpr int kRightButton = 2;
+constexpr int kShiftKey = 1;
+constexpr int kEscape = 27;
+constexpr double kArrowPanShare = 0.25;
 
 bool sameText(std::string_view a, std::string_view b)
 {
@@ -88,6 +98,10 @@ Viewer::Viewer(QWidget* parent)
       foreColor_(olecolor::kButtonText)
 {
     setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
+    tools_[ZoomWindowToolNumber] = std::make_unique<ZoomWindowTool>(*this);
+    tools_[ZoomFactorToolNumber] = std::make_unique<ZoomFactorTool>(*this);
+    tools_[PanToolNumber] = std::make_unique<PanTool>(*this);
     connection_.socket().setRemoteHost(kDefaultUrl);
     connection_.socket().setRemotePort(kDefaultPort);
     createSurface();
@@ -115,6 +129,8 @@ void Viewer::createSurface()
     lblstatus_->hide();
     lblCompany_ = new QLabel(QStringLiteral("Orbelan"), this);
     lblCompany_->setObjectName("lblCompany");
+    RubberBand_ = new QRubberBand(QRubberBand::Rectangle, this);
+    RubberBand_->setObjectName("RubberBand");
 }
 
 void Viewer::connectReceiveSide()
@@ -126,10 +142,7 @@ void Viewer::connectReceiveSide()
         showIdlePointer();
         shpReadingData_->hide();
     });
-    connect(&connection_, &ServerConnection::allRepliesIn, this, [this] {
-        showIdlePointer();
-        Redraw();
-    });
+    connect(&connection_, &ServerConnection::allRepliesIn, this, &Viewer::Redraw);
 }
 
 void Viewer::setBackColor(std::uint32_t color)
@@ -362,12 +375,13 @@ void Viewer::applyColors()
 void Viewer::SetView(double x1, double y1, double x2, double y2)
 {
     setCursor(Qt::BusyCursor);
+    hideRubberBand();
     viewport_.setSize(width(), height());
     if (viewport_.SetView(x1, y1, x2, y2)) {
         Redraw();
         RequestMissingCells();
     }
-    showIdlePointer();
+    selectToolCursor();
 }
 
 void Viewer::Redraw()
@@ -376,9 +390,10 @@ void Viewer::Redraw()
     if (imgMap_.size() != size()) {
         imgMap_ = QImage(size(), QImage::Format_ARGB32_Premultiplied);
     }
+    hideRubberBand();
     imgMap_.fill(olecolor::toQColor(BackgroundColor, palette()));
     update();
-    showIdlePointer();
+    selectToolCursor();
     if (!busy) {
         emit MapRedrawn();
     }
@@ -396,12 +411,218 @@ void Viewer::ZoomOut()
 
 void Viewer::zoomAboutCentre(float factor)
 {
-    const MapPoint centre{viewport_.ScreenToWorldX(static_cast<float>(width()) / 2),
-                          viewport_.ScreenToWorldY(static_cast<float>(height()) / 2)};
+    tool_.dragging = false;
+    hideRubberBand();
+    zoomAbout(factor, {viewport_.ScreenToWorldX(static_cast<float>(width()) / 2),
+                       viewport_.ScreenToWorldY(static_cast<float>(height()) / 2)});
+}
+
+void Viewer::zoomAbout(float factor, MapPoint centre)
+{
     BoundingBox box;
     if (!busy && viewport_.zoomBox(factor, centre, box)) {
         SetView(box.MinX, box.MinY, box.MaxX, box.MaxY);
     }
+}
+
+void Viewer::ZoomWindow()
+{
+    if (!busy) {
+        armTool(ZoomWindowToolNumber);
+    }
+}
+
+void Viewer::ZoomFactor(float Factor)
+{
+    if (!busy && Factor > 0 && Factor != 1) {
+        tool_.zoomFactor = Factor;
+        armTool(ZoomFactorToolNumber);
+    }
+}
+
+void Viewer::Pan()
+{
+    if (!busy) {
+        armTool(PanToolNumber);
+    }
+}
+
+// Zoom and pan keep the tool they interrupt, to resume it afterwards.
+void Viewer::armTool(int number)
+{
+    if (tool_.current != NoToolNumber) {
+        tool_.previous = tool_.current;
+    }
+    tool_.current = number;
+    selectToolCursor();
+}
+
+void Viewer::finishNavigation(int number, bool completed)
+{
+    tool_.current = tool_.multiStep ? tool_.previous : NoToolNumber;
+    if (completed) {
+        tool_.previous = number;
+    }
+    tool_.dragging = false;
+    selectToolCursor();
+}
+
+void Viewer::ResetTool()
+{
+    tool_.current = NoToolNumber;
+    tool_.previous = NoToolNumber;
+    tool_.multiStep = false;
+    tool_.dragging = false;
+    Redraw();
+}
+
+MapTool* Viewer::tool() const
+{
+    const auto found = tools_.find(tool_.current);
+    return found == tools_.end() ? nullptr : found->second.get();
+}
+
+void Viewer::selectToolCursor()
+{
+    const MapTool* current = tool();
+    setCursor(current ? current->cursor() : QCursor(Qt::ArrowCursor));
+}
+
+void Viewer::showRubberBand(const QRect& rectangle)
+{
+    RubberBand_->setGeometry(rectangle);
+    RubberBand_->show();
+}
+
+void Viewer::hideRubberBand()
+{
+    RubberBand_->hide();
+}
+
+void Viewer::setPanOffset(QPoint offset)
+{
+    panOffset_ = offset;
+    update();
+}
+
+MapMouseEvent Viewer::mapEvent(const QMouseEvent& event) const
+{
+    const QPointF pixel = event.position();
+    return {inputcodes::buttonOf(event.button()), inputcodes::shiftOf(event.modifiers()), pixel,
+            {viewport_.ScreenToWorldX(static_cast<float>(pixel.x())),
+             viewport_.ScreenToWorldY(static_cast<float>(pixel.y()))}};
+}
+
+void Viewer::mousePressEvent(QMouseEvent* event)
+{
+    const MapMouseEvent press = mapEvent(*event);
+    // Shift and the right button free a control whose load never finished.
+    if (press.button == kRightButton && (press.shift & kShiftKey)) {
+        busy = false;
+        tool_.current = NoToolNumber;
+        selectToolCursor();
+        return;
+    }
+    if (!viewport_.viewReady() || busy) {
+        return;
+    }
+    tool_.pressed = press.map;
+    tool_.pressedPixel = press.pixel;
+    const MapTool* current = tool();
+    tool_.dragging = current && current->drags();
+    tool_.pressedButton = press.button;
+    emit MouseDown(press.button, press.shift, static_cast<float>(press.pixel.x()),
+                   static_cast<float>(press.pixel.y()));
+}
+
+void Viewer::mouseMoveEvent(QMouseEvent* event)
+{
+    if (!viewport_.viewReady()) {
+        return;
+    }
+    if (busy) {
+        setCursor(Qt::WaitCursor);
+        return;
+    }
+    if (cursor().shape() == Qt::WaitCursor) {
+        selectToolCursor();
+    }
+    const MapMouseEvent move = mapEvent(*event);
+    tool_.currentPoint = move.map;
+    if (MapTool* current = tool(); current && tool_.dragging) {
+        current->move(move);
+    }
+    double lon = 0;
+    double lat = 0;
+    if (viewport_.unproject(move.map, lon, lat)) {
+        emit MousePosition(lon, lat);
+    }
+}
+
+// A release ends the tool's drag; a left release is also a click, handled by
+// the tool that is current after the release.
+void Viewer::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (!viewport_.viewReady() || busy) {
+        return;
+    }
+    const MapMouseEvent release = mapEvent(*event);
+    MapTool* current = tool();
+    const bool completed = !current || current->release(release);
+    tool_.dragging = false;
+    if (completed) {
+        emit MouseUp(release.button, release.shift, static_cast<float>(release.pixel.x()),
+                     static_cast<float>(release.pixel.y()));
+    }
+    if (tool_.pressedButton == kLeftButton) {
+        if (MapTool* clicked = tool()) {
+            clicked->click(release);
+        }
+        emit click();
+    }
+}
+
+void Viewer::mouseDoubleClickEvent(QMouseEvent*)
+{
+    emit DblClick();
+}
+
+// The wheel zooms by 2 or 0.5 and keeps the point under the cursor in place.
+void Viewer::wheelEvent(QWheelEvent* event)
+{
+    const int steps = event->angleDelta().y();
+    if (steps == 0 || !viewport_.viewReady()) {
+        return;
+    }
+    const float factor = steps > 0 ? 2.0f : 0.5f;
+    const QPointF pixel = event->position();
+    const MapPoint under{viewport_.ScreenToWorldX(static_cast<float>(pixel.x())),
+                         viewport_.ScreenToWorldY(static_cast<float>(pixel.y()))};
+    const MapPoint centre = viewport_.centre();
+    zoomAbout(factor, {under.x + (centre.x - under.x) / factor, under.y + (centre.y - under.y) / factor});
+}
+
+// The arrow keys move the view by a quarter of its size.
+bool Viewer::navigationKey(int key)
+{
+    switch (key) {
+    case Qt::Key_Left: panByQuarter(-1, 0); return true;
+    case Qt::Key_Right: panByQuarter(1, 0); return true;
+    case Qt::Key_Up: panByQuarter(0, 1); return true;
+    case Qt::Key_Down: panByQuarter(0, -1); return true;
+    default: return false;
+    }
+}
+
+void Viewer::panByQuarter(int dx, int dy)
+{
+    if (busy || !viewport_.viewReady()) {
+        return;
+    }
+    const BoundingBox& box = viewport_.viewBox();
+    const double shiftX = (box.MaxX - box.MinX) * kArrowPanShare * dx;
+    const double shiftY = (box.MaxY - box.MinY) * kArrowPanShare * dy;
+    SetView(box.MinX + shiftX, box.MinY + shiftY, box.MaxX + shiftX, box.MaxY + shiftY);
 }
 
 void Viewer::ZoomExtents()
@@ -480,7 +701,10 @@ void Viewer::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
     if (backStyle_ != 0) {
-        painter.drawImage(0, 0, imgMap_);
+        if (!panOffset_.isNull()) {
+            painter.fillRect(rect(), olecolor::toQColor(BackgroundColor, palette()));
+        }
+        painter.drawImage(panOffset_, imgMap_);
     }
     if (borderStyle_ == 1) {
         painter.setPen(palette().color(QPalette::WindowText));
@@ -504,8 +728,13 @@ void Viewer::keyPressEvent(QKeyEvent* event)
                  inputcodes::shiftOf(event->modifiers()));
     const std::string character = windows1252::fromUtf8(event->text().left(1).toStdString());
     if (!character.empty()) {
-        emit KeyPress(static_cast<unsigned char>(character.front()));
+        const int ascii = static_cast<unsigned char>(character.front());
+        if (ascii == kEscape) {
+            ResetTool();
+        }
+        emit KeyPress(ascii);
     }
+    navigationKey(event->key());
 }
 
 void Viewer::keyReleaseEvent(QKeyEvent* event)

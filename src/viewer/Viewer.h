@@ -2,6 +2,7 @@
 
 #include "Layers.h"
 #include "ParentMap.h"
+#include "MapMouseEvent.h"
 #include "ServerConnection.h"
 #include "StatusList.h"
 #include "Viewport.h"
@@ -12,13 +13,16 @@
 #include <QWidget>
 
 #include <cstdint>
+#include <map>
 #include <memory>
 
 class QLabel;
+class QRubberBand;
 
 namespace orbelan {
 
 class ActivityShape;
+class MapTool;
 class PropertyBag;
 class UiServices;
 
@@ -49,8 +53,15 @@ class Viewer : public QWidget, public ParentMap {
     Q_PROPERTY(int PendingRequests READ PendingRequests)
     Q_PROPERTY(int Projection READ Projection WRITE setProjection)
     Q_PROPERTY(uint BackgroundColor MEMBER BackgroundColor)
+    Q_PROPERTY(int Tool READ currentTool)
 
 public:
+    // The numbers of the tools that hosts observe.
+    static constexpr int NoToolNumber = 0;
+    static constexpr int ZoomWindowToolNumber = 1;
+    static constexpr int ZoomFactorToolNumber = 2;
+    static constexpr int PanToolNumber = 3;
+
     // Keys of the persisted properties in the host's property bag.
     static constexpr const char* kBackColorKey = "BackColor";
     static constexpr const char* kForeColorKey = "ForeColor";
@@ -133,11 +144,35 @@ public:
     Q_INVOKABLE void ZoomIn();
     Q_INVOKABLE void ZoomOut();
     Q_INVOKABLE void ZoomExtents();
+    // Arms the zoom-window tool: the next drag zooms to its rectangle.
+    Q_INVOKABLE void ZoomWindow();
+    // Arms the zoom-by-factor tool: the next click zooms by Factor about the
+    // clicked point. Ignored unless Factor is above 0 and not 1.
+    Q_INVOKABLE void ZoomFactor(float Factor);
+    // Arms the pan tool: a drag moves the map.
+    Q_INVOKABLE void Pan();
     // Height of the view in kilometres.
     Q_INVOKABLE float CurrentZoom() const;
     // Asks for the grid cells of the view never asked for: geometry of every
     // visible layer, label and direction values where those show.
     void RequestMissingCells();
+
+    int currentTool() const { return tool_.current; }
+
+    // What the map tools need of the control.
+    QPointF pressedPixel() const { return tool_.pressedPixel; }
+    MapPoint pressedPoint() const { return tool_.pressed; }
+    float zoomFactor() const { return tool_.zoomFactor; }
+    void showRubberBand(const QRect& rectangle);
+    void hideRubberBand();
+    // Moves the map picture by offset while a pan drag is under way.
+    void setPanOffset(QPoint offset);
+    // Ends a zoom or pan: the tool that was armed before it comes back while
+    // a multi-step operation is under way, otherwise no tool; a completed
+    // drag becomes the previous tool, so that the click ending it re-arms.
+    void finishNavigation(int tool, bool completed);
+    // Zooms by factor, keeping the view's size ratio, centred on the point.
+    void zoomAbout(float factor, MapPoint centre);
 
     float DrawScale() const override { return viewport_.scale(); }
     // The control has no raster images yet: every name gives -1.
@@ -182,6 +217,11 @@ protected:
     void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     void createSurface();
@@ -193,6 +233,13 @@ private:
     void placeIndicators();
     void applyColors();
     void zoomAboutCentre(float factor);
+    void panByQuarter(int dx, int dy);
+    bool navigationKey(int key);
+    void armTool(int tool);
+    void ResetTool();
+    void selectToolCursor();
+    MapTool* tool() const;
+    MapMouseEvent mapEvent(const QMouseEvent& event) const;
     void requestMissingCells(layer& mapLayer, const std::vector<GridCell>& cells);
     void requestFieldValues(const layer& mapLayer, GridCell cell, const std::string& field);
     void showIdlePointer();
@@ -205,6 +252,23 @@ private:
     Viewport viewport_;
     orbelan::Layers layers_;
     QImage imgMap_;
+    QPoint panOffset_;
+
+    // The mouse tool machinery: the tool numbers hosts see and the state the
+    // tools share.
+    struct ToolState {
+        int current = NoToolNumber;
+        int previous = NoToolNumber;
+        bool multiStep = false;
+        bool dragging = false;
+        int pressedButton = 0;
+        QPointF pressedPixel;
+        MapPoint pressed;
+        MapPoint currentPoint;
+        float zoomFactor = 2;
+    } tool_;
+    std::map<int, std::unique_ptr<MapTool>> tools_;
+    QRubberBand* RubberBand_ = nullptr;
 
     ActivityShape* shpReadingData_ = nullptr;
     QLabel* lblstatus_ = nullptr;

@@ -1,0 +1,143 @@
+// Navigation of a lat/lon view 400 x 200 pixels wide showing (-10, -5) to
+// (10, 5): 20 pixels per degree, the centre at pixel (200, 100).
+
+#include "ScriptedUiServices.h"
+#include "Viewer.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace orbelan;
+
+namespace {
+
+class ViewerNavigation : public ::testing::Test {
+protected:
+    ViewerNavigation()
+    {
+        viewer.setUiServices(ui);
+        viewer.setUserMode(false);
+        viewer.resize(400, 200);
+        viewer.show();
+        viewer.SetView(-10, -5, 10, 5);
+    }
+
+    void expectView(double west, double south, double east, double north)
+    {
+        const BoundingBox& box = viewer.viewport().viewBox();
+        EXPECT_NEAR(box.MinX, west, 1e-9);
+        EXPECT_NEAR(box.MinY, south, 1e-9);
+        EXPECT_NEAR(box.MaxX, east, 1e-9);
+        EXPECT_NEAR(box.MaxY, north, 1e-9);
+    }
+
+    void drag(QPoint from, QPoint to)
+    {
+        QTest::mousePress(&viewer, Qt::LeftButton, Qt::NoModifier, from);
+        QTest::mouseMove(&viewer, to);
+        QTest::mouseRelease(&viewer, Qt::LeftButton, Qt::NoModifier, to);
+    }
+
+    ScriptedUiServices ui;
+    Viewer viewer;
+};
+
+TEST_F(ViewerNavigation, ZoomInAndOutAboutTheCentre)
+{
+    viewer.ZoomIn();
+    expectView(-5, -2.5, 5, 2.5);
+    viewer.ZoomOut();
+    expectView(-10, -5, 10, 5);
+}
+
+TEST_F(ViewerNavigation, AZoomWindowDragZoomsToItsRectangle)
+{
+    QSignalSpy up(&viewer, &Viewer::MouseUp);
+    viewer.ZoomWindow();
+    EXPECT_EQ(viewer.currentTool(), Viewer::ZoomWindowToolNumber);
+    drag({200, 100}, {300, 150}); // (0, 0) to (5, -2.5)
+    expectView(0, -2.5, 5, 0);
+    EXPECT_EQ(up.size(), 1);
+    EXPECT_EQ(viewer.currentTool(), Viewer::NoToolNumber);
+}
+
+TEST_F(ViewerNavigation, AZoomWindowWithoutWidthChangesNothing)
+{
+    QSignalSpy up(&viewer, &Viewer::MouseUp);
+    viewer.ZoomWindow();
+    drag({200, 100}, {200, 150});
+    expectView(-10, -5, 10, 5);
+    EXPECT_TRUE(up.isEmpty());
+}
+
+TEST_F(ViewerNavigation, APanDragMovesTheMapWithTheMouse)
+{
+    QSignalSpy up(&viewer, &Viewer::MouseUp);
+    viewer.Pan();
+    drag({200, 100}, {240, 80}); // the map follows: 2 degrees east, 1 north
+    expectView(-12, -6, 8, 4);
+    EXPECT_TRUE(up.isEmpty());
+    EXPECT_EQ(viewer.currentTool(), Viewer::NoToolNumber);
+}
+
+TEST_F(ViewerNavigation, ZoomFactorZoomsAboutTheClickedPoint)
+{
+    for (const float ignored : {1.0f, 0.0f, -2.0f}) {
+        viewer.ZoomFactor(ignored);
+        EXPECT_EQ(viewer.currentTool(), Viewer::NoToolNumber);
+    }
+    viewer.ZoomFactor(4);
+    EXPECT_EQ(viewer.currentTool(), Viewer::ZoomFactorToolNumber);
+    QTest::mouseClick(&viewer, Qt::LeftButton, Qt::NoModifier, {300, 100}); // (5, 0)
+    expectView(2.5, -1.25, 7.5, 1.25);
+    EXPECT_EQ(viewer.currentTool(), Viewer::NoToolNumber);
+}
+
+TEST_F(ViewerNavigation, TheWheelKeepsThePointUnderTheCursor)
+{
+    QWheelEvent wheel(QPointF(300, 100), viewer.mapToGlobal(QPointF(300, 100)), {}, {0, 120}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(&viewer, &wheel);
+    expectView(-2.5, -2.5, 7.5, 2.5);
+    EXPECT_NEAR(viewer.viewport().ScreenToWorldX(300), 5, 1e-9);
+}
+
+TEST_F(ViewerNavigation, ArrowKeysMoveByAQuarterOfTheView)
+{
+    QTest::keyClick(&viewer, Qt::Key_Right);
+    expectView(-5, -5, 15, 5);
+    QTest::keyClick(&viewer, Qt::Key_Down);
+    expectView(-5, -7.5, 15, 2.5);
+}
+
+TEST_F(ViewerNavigation, EscapeDropsTheArmedTool)
+{
+    viewer.Pan();
+    QTest::keyClick(&viewer, Qt::Key_Escape);
+    EXPECT_EQ(viewer.currentTool(), Viewer::NoToolNumber);
+}
+
+TEST_F(ViewerNavigation, MovesReportTheGeographicPosition)
+{
+    QSignalSpy position(&viewer, &Viewer::MousePosition);
+    QTest::mouseMove(&viewer, {100, 50});
+    ASSERT_EQ(position.size(), 1);
+    EXPECT_DOUBLE_EQ(position.at(0).at(0).toDouble(), -5);
+    EXPECT_DOUBLE_EQ(position.at(0).at(1).toDouble(), 2.5);
+}
+
+TEST_F(ViewerNavigation, NavigationWaitsWhileBusy)
+{
+    viewer.busy = true;
+    viewer.ZoomIn();
+    viewer.Pan();
+    expectView(-10, -5, 10, 5);
+    EXPECT_EQ(viewer.currentTool(), Viewer::NoToolNumber);
+    // Shift and the right button free a control whose load never finished.
+    QTest::mouseClick(&viewer, Qt::RightButton, Qt::ShiftModifier, {10, 10});
+    EXPECT_FALSE(viewer.busy);
+}
+
+} // namespace
