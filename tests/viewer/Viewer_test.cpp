@@ -234,6 +234,27 @@ TEST_F(ViewerTest, TheFirstShowAsksForAccessToTheMapOnce)
     EXPECT_EQ(viewer.connection().socket().State(), 0);
 }
 
+TEST_F(ViewerTest, TheLastAwaitedReplyRedrawsTheMapOnce)
+{
+    QTcpServer server;
+    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+    pointAt(server.serverPort());
+    viewer.show();
+    ASSERT_TRUE(server.hasPendingConnections());
+    std::unique_ptr<QTcpSocket> peer(server.nextPendingConnection());
+    ASSERT_EQ(readExactly(*peer, 18).size(), 18);
+
+    QSignalSpy redrawn(&viewer, &Viewer::MapRedrawn);
+    const QByteArray accessAnswer("MIC \x0C\0\0\0\x6E\0\0\0", 12);
+    for (const QByteArray& piece : {accessAnswer.left(3), accessAnswer.mid(3, 6), accessAnswer.mid(9)}) {
+        peer->write(piece);
+        peer->flush();
+        QTest::qWait(50);
+    }
+    EXPECT_TRUE(QTest::qWaitFor([&] { return viewer.PendingRequests() == 0; }));
+    EXPECT_EQ(redrawn.size(), 1);
+}
+
 TEST_F(ViewerTest, AFailedConnectionIsReportedAndTheControlCarriesOn)
 {
     pointAt(closedPort());
