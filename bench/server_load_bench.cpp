@@ -47,7 +47,10 @@ namespace {
 // The server over a demo store, in a thread of its own.
 class ServerUnderLoad : public QThread {
 public:
-    explicit ServerUnderLoad(QString path) : path_(std::move(path)) {}
+    explicit ServerUnderLoad(QString path)
+        : path_(std::move(path))
+    {
+    }
     ~ServerUnderLoad() override
     {
         quit();
@@ -96,14 +99,16 @@ public:
     Reply ask(const Request& request)
     {
         const auto bytes = buildMessage(request).buffer();
-        socket_.write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+        socket_.write(reinterpret_cast<const char*>(bytes.data()),
+                      static_cast<qint64>(bytes.size()));
         while (ready_.empty()) {
             if (!socket_.waitForReadyRead(10'000)) {
                 throw std::runtime_error("no reply");
             }
             const QByteArray chunk = socket_.readAll();
-            const Arrival arrival = framer_.feed({reinterpret_cast<const std::uint8_t*>(chunk.constData()),
-                                                  static_cast<std::size_t>(chunk.size())});
+            const Arrival arrival =
+                framer_.feed({reinterpret_cast<const std::uint8_t*>(chunk.constData()),
+                              static_cast<std::size_t>(chunk.size())});
             for (std::size_t i = 0; i < arrival.messages.size(); ++i) {
                 ready_.emplace_back(arrival.messages[i].begin(), arrival.messages[i].end());
             }
@@ -138,8 +143,10 @@ std::vector<double> oneSession(quint16 port)
         for (std::int32_t row = layer.minCol; row <= layer.maxCol; ++row) {
             for (std::int32_t column = layer.minRow; column <= layer.maxRow; ++column) {
                 const auto start = Clock::now();
-                benchmark::DoNotOptimize(client.ask<CellGeometry>(CellGeometryRequest{layer.id, row, column}));
-                latencies.push_back(std::chrono::duration<double, std::milli>(Clock::now() - start).count());
+                benchmark::DoNotOptimize(
+                    client.ask<CellGeometry>(CellGeometryRequest{layer.id, row, column}));
+                latencies.push_back(
+                    std::chrono::duration<double, std::milli>(Clock::now() - start).count());
             }
         }
     }
@@ -149,7 +156,8 @@ std::vector<double> oneSession(quint16 port)
 double percentile(std::vector<double>& values, double fraction)
 {
     const auto index = static_cast<std::size_t>(fraction * static_cast<double>(values.size() - 1));
-    std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(index), values.end());
+    std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(index),
+                     values.end());
     return values[index];
 }
 

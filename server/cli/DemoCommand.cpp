@@ -22,12 +22,16 @@ int DemoCommand::run(const QStringList& arguments)
         "already there are built again. The result is the same every time."));
     parser.addHelpOption();
     parser.addOptions({
-        {QStringLiteral("db"), QStringLiteral("The map store (an SQLite file)."), QStringLiteral("FILE")},
+        {QStringLiteral("db"), QStringLiteral("The map store (an SQLite file)."),
+         QStringLiteral("FILE")},
         {QStringLiteral("data"),
-         QStringLiteral("Folder for the us-atlas and world-atlas data packages, fetched with npm when "
-                        "missing (default: demo-data beside the program's folder)."),
-         QStringLiteral("DIR"), QCoreApplication::applicationDirPath() + QStringLiteral("/../demo-data")},
-        {QStringLiteral("offline"), QStringLiteral("Do not run npm; use the data folder as it is.")},
+         QStringLiteral(
+             "Folder for the us-atlas and world-atlas data packages, fetched with npm when "
+             "missing (default: demo-data beside the program's folder)."),
+         QStringLiteral("DIR"),
+         QCoreApplication::applicationDirPath() + QStringLiteral("/../demo-data")},
+        {QStringLiteral("offline"),
+         QStringLiteral("Do not run npm; use the data folder as it is.")},
     });
     parser.process(arguments);
 

@@ -21,14 +21,20 @@ int ImportCommand::run(const QStringList& arguments)
         "split into elements, all in one transaction."));
     parser.addHelpOption();
     parser.addOptions({
-        {QStringLiteral("db"), QStringLiteral("The map store (an SQLite file)."), QStringLiteral("FILE")},
+        {QStringLiteral("db"), QStringLiteral("The map store (an SQLite file)."),
+         QStringLiteral("FILE")},
         {QStringLiteral("map"), QStringLiteral("The map's code."), QStringLiteral("CODE")},
         {QStringLiteral("layer-name"), QStringLiteral("The layer's name."), QStringLiteral("NAME")},
-        {QStringLiteral("label-field"), QStringLiteral("Field whose values label the elements."), QStringLiteral("F")},
-        {QStringLiteral("theme-field"), QStringLiteral("Field whose values choose thematic classes."), QStringLiteral("F")},
-        {QStringLiteral("source-layer"), QStringLiteral("Layer of the source (default: its first)."), QStringLiteral("NAME")},
-        {QStringLiteral("map-name"), QStringLiteral("Name of the map when it is created."), QStringLiteral("NAME")},
-        {QStringLiteral("projection"), QStringLiteral("Projection code of the map when it is created (default 0)."),
+        {QStringLiteral("label-field"), QStringLiteral("Field whose values label the elements."),
+         QStringLiteral("F")},
+        {QStringLiteral("theme-field"),
+         QStringLiteral("Field whose values choose thematic classes."), QStringLiteral("F")},
+        {QStringLiteral("source-layer"),
+         QStringLiteral("Layer of the source (default: its first)."), QStringLiteral("NAME")},
+        {QStringLiteral("map-name"), QStringLiteral("Name of the map when it is created."),
+         QStringLiteral("NAME")},
+        {QStringLiteral("projection"),
+         QStringLiteral("Projection code of the map when it is created (default 0)."),
          QStringLiteral("N"), QStringLiteral("0")},
     });
     parser.addPositionalArgument(QStringLiteral("SOURCE"), QStringLiteral("The file to import."));

@@ -19,11 +19,12 @@ namespace orbelan::server {
 int ServeCommand::run(const QStringList& arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Serves the maps of a map store to Orbelan viewers until it is stopped."));
+    parser.setApplicationDescription(
+        QStringLiteral("Serves the maps of a map store to Orbelan viewers until it is stopped."));
     parser.addHelpOption();
     parser.addOptions({
-        {QStringLiteral("db"), QStringLiteral("The map store (an SQLite file)."), QStringLiteral("FILE")},
+        {QStringLiteral("db"), QStringLiteral("The map store (an SQLite file)."),
+         QStringLiteral("FILE")},
         {QStringLiteral("listen"), QStringLiteral("Address to listen on (default 127.0.0.1)."),
          QStringLiteral("ADDR"), QStringLiteral("127.0.0.1")},
         {QStringLiteral("port"), QStringLiteral("Port to listen on (default 10010)."),
@@ -42,7 +43,8 @@ int ServeCommand::run(const QStringList& arguments)
     if (address.isNull()) {
         throw std::invalid_argument("--listen needs an IP address");
     }
-    const auto port = static_cast<quint16>(OptionValues::integer(parser, QStringLiteral("port"), 0, 65535));
+    const auto port =
+        static_cast<quint16>(OptionValues::integer(parser, QStringLiteral("port"), 0, 65535));
 
     Database database(path);
     MapReader reader(database);
@@ -50,8 +52,7 @@ int ServeCommand::run(const QStringList& arguments)
     MapServer server(reader, log);
     if (!server.listen(address, port)) {
         throw std::runtime_error("cannot listen on " + address.toString().toStdString() + ":" +
-                                 std::to_string(port) + ": " +
-                                 server.errorString().toStdString());
+                                 std::to_string(port) + ": " + server.errorString().toStdString());
     }
     return QCoreApplication::exec();
 }

@@ -25,7 +25,8 @@ const char* const kUsage =
 
 QCommandLineOption dbOption()
 {
-    return {QStringLiteral("db"), QStringLiteral("The map store (an SQLite file)."), QStringLiteral("FILE")};
+    return {QStringLiteral("db"), QStringLiteral("The map store (an SQLite file)."),
+            QStringLiteral("FILE")};
 }
 
 } // namespace
@@ -53,46 +54,57 @@ int UserCommand::add(const QStringList& arguments)
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Adds a user."));
     parser.addHelpOption();
-    parser.addOptions({dbOption(),
-                       {QStringLiteral("name"), QStringLiteral("The user's name."), QStringLiteral("NAME")},
-                       {QStringLiteral("id"), QStringLiteral("The user's id (default: the next free one)."),
-                        QStringLiteral("ID")}});
+    parser.addOptions(
+        {dbOption(),
+         {QStringLiteral("name"), QStringLiteral("The user's name."), QStringLiteral("NAME")},
+         {QStringLiteral("id"), QStringLiteral("The user's id (default: the next free one)."),
+          QStringLiteral("ID")}});
     parser.process(arguments);
 
     Database database(OptionValues::required(parser, QStringLiteral("db")));
     std::optional<std::int32_t> id;
     if (parser.isSet(QStringLiteral("id"))) {
-        id = static_cast<std::int32_t>(OptionValues::integer(parser, QStringLiteral("id"), 1, kLongMax));
+        id = static_cast<std::int32_t>(
+            OptionValues::integer(parser, QStringLiteral("id"), 1, kLongMax));
     }
     const QString name = OptionValues::required(parser, QStringLiteral("name"));
-    std::cout << "user " << MapWriter(database).addUser(name, id) << " " << name.toStdString() << "\n";
+    std::cout << "user " << MapWriter(database).addUser(name, id) << " " << name.toStdString()
+              << "\n";
     return 0;
 }
 
 int UserCommand::grant(const QStringList& arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Lets a user open a map and sets layer levels."));
+    parser.setApplicationDescription(
+        QStringLiteral("Lets a user open a map and sets layer levels."));
     parser.addHelpOption();
-    parser.addOptions({dbOption(),
-                       {QStringLiteral("user"), QStringLiteral("The user's id."), QStringLiteral("ID")},
-                       {QStringLiteral("map"), QStringLiteral("The map's code."), QStringLiteral("CODE")},
-                       {QStringLiteral("level"), QStringLiteral("Access level 0 to 3."), QStringLiteral("N")},
-                       {QStringLiteral("layer"), QStringLiteral("Only this layer."), QStringLiteral("ID")}});
+    parser.addOptions(
+        {dbOption(),
+         {QStringLiteral("user"), QStringLiteral("The user's id."), QStringLiteral("ID")},
+         {QStringLiteral("map"), QStringLiteral("The map's code."), QStringLiteral("CODE")},
+         {QStringLiteral("level"), QStringLiteral("Access level 0 to 3."), QStringLiteral("N")},
+         {QStringLiteral("layer"), QStringLiteral("Only this layer."), QStringLiteral("ID")}});
     parser.process(arguments);
 
     Database database(OptionValues::required(parser, QStringLiteral("db")));
-    const auto user = static_cast<std::int32_t>(OptionValues::integer(parser, QStringLiteral("user"), 1, kLongMax));
-    const auto map = static_cast<std::int32_t>(OptionValues::integer(parser, QStringLiteral("map"), 0, kLongMax));
+    const auto user = static_cast<std::int32_t>(
+        OptionValues::integer(parser, QStringLiteral("user"), 1, kLongMax));
+    const auto map = static_cast<std::int32_t>(
+        OptionValues::integer(parser, QStringLiteral("map"), 0, kLongMax));
     MapWriter writer(database);
     database.transaction([&] {
         writer.grantMap(user, map);
         if (!parser.isSet(QStringLiteral("level"))) {
             return;
         }
-        const auto level = static_cast<std::int16_t>(OptionValues::integer(parser, QStringLiteral("level"), 0, 3));
+        const auto level =
+            static_cast<std::int16_t>(OptionValues::integer(parser, QStringLiteral("level"), 0, 3));
         if (parser.isSet(QStringLiteral("layer"))) {
-            writer.setLayerLevel(user, static_cast<std::int32_t>(OptionValues::integer(parser, QStringLiteral("layer"), 1, kLongMax)), level);
+            writer.setLayerLevel(user,
+                                 static_cast<std::int32_t>(OptionValues::integer(
+                                     parser, QStringLiteral("layer"), 1, kLongMax)),
+                                 level);
         } else {
             writer.setMapLevel(user, map, level);
         }

@@ -36,7 +36,8 @@ constexpr std::int16_t kView = 1;
 } // namespace
 
 DemoBuilder::DemoBuilder(Database& database, std::ostream& report)
-    : database_(database), report_(report)
+    : database_(database),
+      report_(report)
 {
 }
 
@@ -73,10 +74,12 @@ void DemoBuilder::importAtlases(const QString& dataFolder)
     counties.mapName = QStringLiteral("United States");
     counties.projection = kAlbers;
     importer.import(counties);
-    ImportOptions states = atlasLayer(DemoData::usAtlas(dataFolder), "states", kUnitedStates, 202, "States");
+    ImportOptions states =
+        atlasLayer(DemoData::usAtlas(dataFolder), "states", kUnitedStates, 202, "States");
     states.fillStyle = kNoFill;
     importer.import(states);
-    ImportOptions countries = atlasLayer(DemoData::worldAtlas(dataFolder), "countries", kWorld, 301, "Countries");
+    ImportOptions countries =
+        atlasLayer(DemoData::worldAtlas(dataFolder), "countries", kWorld, 301, "Countries");
     countries.mapName = QStringLiteral("World");
     countries.projection = kLatitudeLongitude;
     importer.import(countries);

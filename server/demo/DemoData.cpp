@@ -35,13 +35,15 @@ bool DemoData::fetch(const QString& folder, std::ostream& report)
     QDir().mkpath(folder);
     QProcess npm;
     npm.setProcessChannelMode(QProcess::MergedChannels);
-    npm.start(QStringLiteral("npm"),
-              {QStringLiteral("install"), QStringLiteral("--prefix"), folder, QStringLiteral("--no-save"),
-               QStringLiteral("--no-audit"), QStringLiteral("--no-fund"), QStringLiteral("us-atlas@3.0.1"),
-               QStringLiteral("world-atlas@2.0.2")});
+    npm.start(QStringLiteral("npm"), {QStringLiteral("install"), QStringLiteral("--prefix"), folder,
+                                      QStringLiteral("--no-save"), QStringLiteral("--no-audit"),
+                                      QStringLiteral("--no-fund"), QStringLiteral("us-atlas@3.0.1"),
+                                      QStringLiteral("world-atlas@2.0.2")});
     const bool finished = npm.waitForFinished(kNpmTimeoutMs);
-    if (!finished || npm.exitStatus() != QProcess::NormalExit || npm.exitCode() != 0 || !present(folder)) {
-        report << "npm could not fetch us-atlas and world-atlas into " << folder.toStdString() << ": "
+    if (!finished || npm.exitStatus() != QProcess::NormalExit || npm.exitCode() != 0 ||
+        !present(folder)) {
+        report << "npm could not fetch us-atlas and world-atlas into " << folder.toStdString()
+               << ": "
                << (npm.error() == QProcess::FailedToStart ? std::string("npm is not installed")
                                                           : npm.readAll().trimmed().toStdString())
                << "\n";

@@ -2,7 +2,10 @@
 
 namespace orbelan::server {
 
-DemoRandom::DemoRandom(std::uint64_t seed) : state_(seed) {}
+DemoRandom::DemoRandom(std::uint64_t seed)
+    : state_(seed)
+{
+}
 
 std::uint64_t DemoRandom::next()
 {

@@ -62,8 +62,8 @@ messages::LayerRecord parcelsLayer()
     layer.thematicType = 1;
     layer.fields = {{"ROL", kText}, {"USO", kText}, {"AREA", kDouble}};
     for (const auto& use : SantiagoNames::landUses()) {
-        layer.classes.push_back({std::string(use.name), std::string(use.name),
-                                 rgb(160, 160, 160), 0, 1, use.fillColor, 0});
+        layer.classes.push_back({std::string(use.name), std::string(use.name), rgb(160, 160, 160),
+                                 0, 1, use.fillColor, 0});
     }
     return layer;
 }
@@ -87,8 +87,8 @@ messages::LayerRecord placesLayer()
     layer.thematicType = 1;
     layer.fields = {{"NOMBRE", kText}, {"TIPO", kText}};
     for (const auto& kind : SantiagoNames::placeKinds()) {
-        layer.classes.push_back(
-            {std::string(kind.name), std::string(kind.name), kind.fillColor, 0, 6, kind.fillColor, 0});
+        layer.classes.push_back({std::string(kind.name), std::string(kind.name), kind.fillColor, 0,
+                                 6, kind.fillColor, 0});
     }
     return layer;
 }
@@ -126,7 +126,9 @@ int directionOf(const std::string& name, int line)
 } // namespace
 
 SantiagoGenerator::SantiagoGenerator(MapWriter& writer)
-    : writer_(writer), random_(kSeed), grid_(random_)
+    : writer_(writer),
+      random_(kSeed),
+      grid_(random_)
 {
 }
 
@@ -226,10 +228,12 @@ void SantiagoGenerator::addBlockParcels(int i, int j)
             auto ring = grid_.parcel(i, j, a, b, kParcelsPerSide);
             const double area = areaOf(ring);
             const int block = j * SantiagoGrid::kBlocksEastWest + i + 1;
-            writer_.addElement(kParcelsLayer,
-                               {static_cast<std::int32_t>(++counts_.parcels), std::move(ring),
-                                {QStringLiteral("%1-%2").arg(block).arg(b * kParcelsPerSide + a + 1),
-                                 text(uses[use].name), area}});
+            writer_.addElement(
+                kParcelsLayer,
+                {static_cast<std::int32_t>(++counts_.parcels),
+                 std::move(ring),
+                 {QStringLiteral("%1-%2").arg(block).arg(b * kParcelsPerSide + a + 1),
+                  text(uses[use].name), area}});
         }
     }
 }
@@ -242,9 +246,11 @@ void SantiagoGenerator::addPlaces()
     for (int k = 0; k < kPlaceCount; ++k) {
         const int i = static_cast<int>(random_.below(SantiagoGrid::kBlocksEastWest));
         const int j = static_cast<int>(random_.below(SantiagoGrid::kBlocksNorthSouth));
-        const auto point = grid_.insideBlock(i, j, random_.uniform(0.1, 0.9), random_.uniform(0.1, 0.9));
+        const auto point =
+            grid_.insideBlock(i, j, random_.uniform(0.1, 0.9), random_.uniform(0.1, 0.9));
         const std::string_view kind = kinds[random_.below(kinds.size())].name;
-        std::string name = std::string(kind) + " " + std::string(names[random_.below(names.size())]);
+        std::string name =
+            std::string(kind) + " " + std::string(names[random_.below(names.size())]);
         if (const int earlier = seen[name]++; earlier > 0) {
             name.append(" ").append(std::to_string(earlier + 1));
         }

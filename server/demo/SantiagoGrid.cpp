@@ -36,8 +36,10 @@ messages::WirePoint SantiagoGrid::insideBlock(int i, int j, double u, double v) 
     const messages::WirePoint se = node(i + 1, j);
     const messages::WirePoint ne = node(i + 1, j + 1);
     const messages::WirePoint nw = node(i, j + 1);
-    const double x = (1 - u) * (1 - v) * sw.x + u * (1 - v) * se.x + u * v * ne.x + (1 - u) * v * nw.x;
-    const double y = (1 - u) * (1 - v) * sw.y + u * (1 - v) * se.y + u * v * ne.y + (1 - u) * v * nw.y;
+    const double x =
+        (1 - u) * (1 - v) * sw.x + u * (1 - v) * se.x + u * v * ne.x + (1 - u) * v * nw.x;
+    const double y =
+        (1 - u) * (1 - v) * sw.y + u * (1 - v) * se.y + u * v * ne.y + (1 - u) * v * nw.y;
     return {x, y};
 }
 

@@ -11,17 +11,37 @@ constexpr std::int32_t rgb(std::int32_t red, std::int32_t green, std::int32_t bl
     return red | (green << 8) | (blue << 16);
 }
 
-constexpr std::array<std::string_view, 24> kEastWest = {
-    "Alameda", "Agustinas", "Moneda", "Huérfanos", "Compañía", "Catedral", "Santo Domingo",
-    "Monjitas", "Merced", "Rosas", "Sama", "Erasmo Escala", "Romero", "Maipú", "Copiapó",
-    "Tarapacá", "Eleuterio Ramírez", "Santa Isabel", "Diez de Julio", "Marín", "Coquimbo",
-    "Avenida Matta", "Ñuble", "Carmen Covarrubias"};
+constexpr std::array<std::string_view, 24> kEastWest = {"Alameda",
+                                                        "Agustinas",
+                                                        "Moneda",
+                                                        "Huérfanos",
+                                                        "Compañía",
+                                                        "Catedral",
+                                                        "Santo Domingo",
+                                                        "Monjitas",
+                                                        "Merced",
+                                                        "Rosas",
+                                                        "Sama",
+                                                        "Erasmo Escala",
+                                                        "Romero",
+                                                        "Maipú",
+                                                        "Copiapó",
+                                                        "Tarapacá",
+                                                        "Eleuterio Ramírez",
+                                                        "Santa Isabel",
+                                                        "Diez de Julio",
+                                                        "Marín",
+                                                        "Coquimbo",
+                                                        "Avenida Matta",
+                                                        "Ñuble",
+                                                        "Carmen Covarrubias"};
 
 constexpr std::array<std::string_view, 24> kNorthSouth = {
-    "Matucana", "Libertad", "Esperanza", "Cumming", "Brasil", "Almirante Barroso",
-    "Avenida España", "Manuel Rodríguez", "Amunátegui", "Teatinos", "Morandé", "Bandera",
-    "Ahumada", "Estado", "San Antonio", "Mac Iver", "San Francisco", "Santa Rosa", "Lira",
-    "Portugal", "Vicuña Mackenna", "Seminario", "Condell", "Avenida Italia"};
+    "Matucana",          "Libertad",       "Esperanza",        "Cumming",       "Brasil",
+    "Almirante Barroso", "Avenida España", "Manuel Rodríguez", "Amunátegui",    "Teatinos",
+    "Morandé",           "Bandera",        "Ahumada",          "Estado",        "San Antonio",
+    "Mac Iver",          "San Francisco",  "Santa Rosa",       "Lira",          "Portugal",
+    "Vicuña Mackenna",   "Seminario",      "Condell",          "Avenida Italia"};
 
 constexpr std::array<SantiagoNames::LandUse, 6> kLandUses = {{
     {"Residencial", rgb(255, 236, 179)},
@@ -42,9 +62,12 @@ constexpr std::array<SantiagoNames::LandUse, 6> kPlaceKinds = {{
 }};
 
 constexpr std::array<std::string_view, 16> kPlaceNames = {
-    "San Martín", "Los Andes", "Bernardo O'Higgins", "Gabriela Mistral", "Pablo Neruda",
-    "Violeta Parra", "Santa Lucía", "La Merced", "El Carmen", "San Francisco", "Mapocho",
-    "Yungay", "Brasil", "Bellavista", "Lastarria", "Concha y Toro"};
+    "San Martín",       "Los Andes",    "Bernardo O'Higgins",
+    "Gabriela Mistral", "Pablo Neruda", "Violeta Parra",
+    "Santa Lucía",      "La Merced",    "El Carmen",
+    "San Francisco",    "Mapocho",      "Yungay",
+    "Brasil",           "Bellavista",   "Lastarria",
+    "Concha y Toro"};
 
 } // namespace
 

@@ -23,7 +23,9 @@ std::int32_t roundedIndex(double value)
 
 } // namespace
 
-GridCells::GridCells(float deltaX, float deltaY) : deltaX_(deltaX), deltaY_(deltaY)
+GridCells::GridCells(float deltaX, float deltaY)
+    : deltaX_(deltaX),
+      deltaY_(deltaY)
 {
     if (!(deltaX > 0.0f && deltaY > 0.0f)) {
         throw std::invalid_argument("grid cells need a positive width and height");

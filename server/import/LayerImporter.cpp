@@ -56,10 +56,12 @@ double meanVerticesPerCell(const ImportedLayer& layer, float size)
     for (const StoredElement& element : layer.elements) {
         for (const messages::WirePoint& point : element.points) {
             const CellIndex cell = grid.cellOf(point.x, point.y);
-            occupied.insert((std::int64_t{cell.row} << 32) ^ static_cast<std::uint32_t>(cell.column));
+            occupied.insert((std::int64_t{cell.row} << 32) ^
+                            static_cast<std::uint32_t>(cell.column));
         }
     }
-    return static_cast<double>(layer.vertexCount) / static_cast<double>(std::max<std::size_t>(occupied.size(), 1));
+    return static_cast<double>(layer.vertexCount) /
+           static_cast<double>(std::max<std::size_t>(occupied.size(), 1));
 }
 
 void styleFor(messages::LayerRecord& record)
@@ -72,7 +74,8 @@ void styleFor(messages::LayerRecord& record)
 } // namespace
 
 LayerImporter::LayerImporter(Database& database, std::ostream& report)
-    : database_(database), report_(report)
+    : database_(database),
+      report_(report)
 {
 }
 
@@ -83,8 +86,8 @@ float LayerImporter::cellSize(const ImportedLayer& layer)
 {
     const Extent& extent = layer.extent;
     const double cells = std::max(1.0, static_cast<double>(layer.vertexCount) / kVerticesPerCell);
-    const double area = std::max(extent.maxX - extent.minX, 1e-4) *
-                        std::max(extent.maxY - extent.minY, 1e-4);
+    const double area =
+        std::max(extent.maxX - extent.minX, 1e-4) * std::max(extent.maxY - extent.minY, 1e-4);
     float size = roundedSize(std::clamp(std::sqrt(area / cells), kSmallestCell, 45.0));
     while (size > kSmallestCell && meanVerticesPerCell(layer, size) > kVerticesPerCell) {
         size = roundedSize(size / 2.0);
@@ -150,8 +153,8 @@ void LayerImporter::addThemeClasses(messages::LayerRecord& record, const Importe
     }
     std::size_t colour = 0;
     for (const std::string& value : values) {
-        record.classes.push_back({value, value, record.drawColor, 0, record.drawWidth,
-                                  kPalette[colour++], 0});
+        record.classes.push_back(
+            {value, value, record.drawColor, 0, record.drawWidth, kPalette[colour++], 0});
     }
 }
 

@@ -31,11 +31,14 @@ void destroyTransform(OGRCoordinateTransformation* transform)
 std::int16_t elementType(OGRwkbGeometryType type)
 {
     switch (wkbFlatten(type)) {
-    case wkbPoint: case wkbMultiPoint:
+    case wkbPoint:
+    case wkbMultiPoint:
         return 1;
-    case wkbLineString: case wkbMultiLineString:
+    case wkbLineString:
+    case wkbMultiLineString:
         return 2;
-    case wkbPolygon: case wkbMultiPolygon:
+    case wkbPolygon:
+    case wkbMultiPolygon:
         return 4;
     default:
         return 0;
@@ -71,9 +74,12 @@ QString isoText(OGRFeature& feature, int field)
     int year = 0, month = 0, day = 0, hour = 0, minute = 0, zone = 0;
     float second = 0.0f;
     feature.GetFieldAsDateTime(field, &year, &month, &day, &hour, &minute, &second, &zone);
-    const QString date = QStringLiteral("%1-%2-%3").arg(year, 4, 10, QLatin1Char('0'))
-                             .arg(month, 2, 10, QLatin1Char('0')).arg(day, 2, 10, QLatin1Char('0'));
-    const QString time = QStringLiteral("%1:%2:%3").arg(hour, 2, 10, QLatin1Char('0'))
+    const QString date = QStringLiteral("%1-%2-%3")
+                             .arg(year, 4, 10, QLatin1Char('0'))
+                             .arg(month, 2, 10, QLatin1Char('0'))
+                             .arg(day, 2, 10, QLatin1Char('0'));
+    const QString time = QStringLiteral("%1:%2:%3")
+                             .arg(hour, 2, 10, QLatin1Char('0'))
                              .arg(minute, 2, 10, QLatin1Char('0'))
                              .arg(static_cast<int>(second), 2, 10, QLatin1Char('0'));
     switch (feature.GetFieldDefnRef(field)->GetType()) {
@@ -89,7 +95,8 @@ QString isoText(OGRFeature& feature, int field)
 } // namespace
 
 OgrSource::OgrSource(const QString& path, const QString& layerName)
-    : dataset_(nullptr, closeDataset), transform_(nullptr, destroyTransform)
+    : dataset_(nullptr, closeDataset),
+      transform_(nullptr, destroyTransform)
 {
     GDALAllRegister();
     dataset_.reset(GDALDataset::Open(path.toUtf8().constData(), GDAL_OF_VECTOR | GDAL_OF_READONLY));
@@ -99,7 +106,8 @@ OgrSource::OgrSource(const QString& path, const QString& layerName)
     layer_ = layerName.isEmpty() ? dataset_->GetLayer(0)
                                  : dataset_->GetLayerByName(layerName.toUtf8().constData());
     if (!layer_) {
-        throw std::runtime_error("no layer " + layerName.toStdString() + " in " + path.toStdString());
+        throw std::runtime_error("no layer " + layerName.toStdString() + " in " +
+                                 path.toStdString());
     }
     if (const OGRSpatialReference* reference = layer_->GetSpatialRef()) {
         OGRSpatialReference from(*reference);
@@ -139,7 +147,8 @@ ImportedLayer OgrSource::read()
     readFields(layer);
     layer_->ResetReading();
     while (OGRFeature* feature = layer_->GetNextFeature()) {
-        const std::unique_ptr<OGRFeature, void (*)(OGRFeature*)> owned(feature, OGRFeature::DestroyFeature);
+        const std::unique_ptr<OGRFeature, void (*)(OGRFeature*)> owned(feature,
+                                                                       OGRFeature::DestroyFeature);
         readFeature(*feature, layer);
     }
     if (layer.elements.empty()) {
@@ -213,8 +222,8 @@ void OgrSource::addElement(std::vector<messages::WirePoint> points, const Stored
     }
     layer.extent.unite(box);
     layer.vertexCount += points.size();
-    layer.elements.push_back({static_cast<std::int32_t>(layer.elements.size() + 1), std::move(points),
-                              attributes.attributes});
+    layer.elements.push_back({static_cast<std::int32_t>(layer.elements.size() + 1),
+                              std::move(points), attributes.attributes});
 }
 
 std::vector<QVariant> OgrSource::attributesOf(OGRFeature& feature) const

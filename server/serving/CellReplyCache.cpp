@@ -5,7 +5,10 @@
 
 namespace orbelan::server {
 
-CellReplyCache::CellReplyCache(std::size_t budget) : budget_(budget) {}
+CellReplyCache::CellReplyCache(std::size_t budget)
+    : budget_(budget)
+{
+}
 
 std::size_t CellReplyCache::KeyHash::operator()(const Key& key) const
 {

@@ -7,7 +7,11 @@ namespace orbelan::server {
 
 ClientSession::ClientSession(QTcpSocket* socket, std::uint64_t number, RequestHandler& handler,
                              ServerLog& log, QObject* parent)
-    : QObject(parent), socket_(socket), number_(number), handler_(handler), log_(log)
+    : QObject(parent),
+      socket_(socket),
+      number_(number),
+      handler_(handler),
+      log_(log)
 {
     socket_->setParent(this);
     socket_->setReadBufferSize(kReadChunk);
@@ -30,8 +34,8 @@ void ClientSession::readArrived()
         return;
     }
     const QByteArray bytes = socket_->read(kReadChunk);
-    const Arrival arrival = framer_.feed(
-        {reinterpret_cast<const std::uint8_t*>(bytes.constData()), static_cast<std::size_t>(bytes.size())});
+    const Arrival arrival = framer_.feed({reinterpret_cast<const std::uint8_t*>(bytes.constData()),
+                                          static_cast<std::size_t>(bytes.size())});
     for (std::size_t i = 0; i < arrival.messages.size(); ++i) {
         waiting_.emplace_back(arrival.messages[i].begin(), arrival.messages[i].end());
     }
@@ -73,7 +77,8 @@ void ClientSession::answer(std::span<const std::uint8_t> request)
     switch (outcome.action) {
     case HandlerOutcome::Action::Reply: {
         const auto bytes = outcome.reply.bytes();
-        socket_->write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+        socket_->write(reinterpret_cast<const char*>(bytes.data()),
+                       static_cast<qint64>(bytes.size()));
         break;
     }
     case HandlerOutcome::Action::Drop:

@@ -37,8 +37,8 @@ public:
     // until the client has taken some.
     static constexpr qint64 kMaximumUnsentBytes = 4 * 1024 * 1024;
 
-    ClientSession(QTcpSocket* socket, std::uint64_t number, RequestHandler& handler,
-                  ServerLog& log, QObject* parent = nullptr);
+    ClientSession(QTcpSocket* socket, std::uint64_t number, RequestHandler& handler, ServerLog& log,
+                  QObject* parent = nullptr);
 
 private:
     void readArrived();

@@ -5,7 +5,9 @@
 namespace orbelan::server {
 
 MapServer::MapServer(MapReader& reader, ServerLog& log, QObject* parent)
-    : QObject(parent), handler_(reader), log_(log)
+    : QObject(parent),
+      handler_(reader),
+      log_(log)
 {
     connect(&server_, &QTcpServer::newConnection, this, &MapServer::acceptConnections);
 }

@@ -49,7 +49,10 @@ std::string cellText(std::int32_t layer, std::int32_t row, std::int32_t column)
 
 } // namespace
 
-RequestHandler::RequestHandler(MapReader& reader) : reader_(reader) {}
+RequestHandler::RequestHandler(MapReader& reader)
+    : reader_(reader)
+{
+}
 
 HandlerOutcome RequestHandler::handle(SessionState& session, DWBUffer& message)
 {
@@ -68,8 +71,7 @@ HandlerOutcome RequestHandler::handle(SessionState& session, DWBUffer& message)
     }
 }
 
-HandlerOutcome RequestHandler::dispatch(SessionState& session, std::int16_t code,
-                                        DWBUffer& message)
+HandlerOutcome RequestHandler::dispatch(SessionState& session, std::int16_t code, DWBUffer& message)
 {
     switch (static_cast<CommandCode>(code)) {
     case CommandCode::AccessRequest:

@@ -4,12 +4,16 @@
 
 namespace orbelan::server {
 
-ServerLog::ServerLog(std::ostream& out, bool verbose) : out_(out), verbose_(verbose) {}
+ServerLog::ServerLog(std::ostream& out, bool verbose)
+    : out_(out),
+      verbose_(verbose)
+{
+}
 
 void ServerLog::line(const std::string& text)
 {
-    out_ << QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs).toStdString() << ' '
-         << text << std::endl;
+    out_ << QDateTime::currentDateTimeUtc().toString(Qt::ISODateWithMs).toStdString() << ' ' << text
+         << std::endl;
 }
 
 void ServerLog::detail(const std::string& text)

@@ -20,9 +20,19 @@ QString AttributeTable::quoted(const QString& identifier)
 QString AttributeTable::columnType(std::int16_t adoType)
 {
     switch (adoType) {
-    case 2: case 3: case 16: case 17: case 18: case 19: case 20: case 21:
+    case 2:
+    case 3:
+    case 16:
+    case 17:
+    case 18:
+    case 19:
+    case 20:
+    case 21:
         return QStringLiteral("INTEGER");
-    case 4: case 5: case 14: case 131:
+    case 4:
+    case 5:
+    case 14:
+    case 131:
         return QStringLiteral("REAL");
     default:
         return QStringLiteral("TEXT");

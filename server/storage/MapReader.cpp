@@ -33,8 +33,8 @@ std::string textAt(const QSqlQuery& row, int column)
 
 MapReader::MapReader(Database& database)
     : database_(database),
-      mayOpen_(database.prepare(QStringLiteral(
-          "SELECT 1 FROM map_access WHERE user_id = ? AND map_code = ?"))),
+      mayOpen_(database.prepare(
+          QStringLiteral("SELECT 1 FROM map_access WHERE user_id = ? AND map_code = ?"))),
       map_(database.prepare(QStringLiteral(
           "SELECT name, min_x, min_y, max_x, max_y, background, projection FROM maps "
           "WHERE code = ?"))),
@@ -51,15 +51,15 @@ MapReader::MapReader(Database& database)
       classes_(database.prepare(QStringLiteral(
           "SELECT min_value, max_value, draw_color, draw_style, draw_width, fill_color, "
           "fill_style FROM thematic_classes WHERE layer_id = ? ORDER BY position"))),
-      level_(database.prepare(QStringLiteral(
-          "SELECT a.level FROM layers l JOIN layer_access a ON a.layer_id = l.id "
-          "WHERE a.user_id = ? AND l.id = ? AND l.map_code = ?"))),
+      level_(database.prepare(
+          QStringLiteral("SELECT a.level FROM layers l JOIN layer_access a ON a.layer_id = l.id "
+                         "WHERE a.user_id = ? AND l.id = ? AND l.map_code = ?"))),
       cellElements_(database.prepare(QStringLiteral(
           "SELECT e.id, e.vertices FROM cells c JOIN elements e "
           "ON e.layer_id = c.layer_id AND e.id = c.element_id "
           "WHERE c.layer_id = ? AND c.cell_row = ? AND c.cell_col = ? ORDER BY c.element_id"))),
-      fieldName_(database.prepare(QStringLiteral(
-          "SELECT name FROM fields WHERE layer_id = ? AND name = ?")))
+      fieldName_(database.prepare(
+          QStringLiteral("SELECT name FROM fields WHERE layer_id = ? AND name = ?")))
 {
 }
 

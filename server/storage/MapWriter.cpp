@@ -53,8 +53,8 @@ MapWriter::MapWriter(Database& database)
 
 std::int32_t MapWriter::addUser(const QString& name, std::optional<std::int32_t> id)
 {
-    const std::int32_t userId =
-        id.value_or(nextFreeId(database_, QStringLiteral("SELECT COALESCE(MAX(id), 0) + 1 FROM users")));
+    const std::int32_t userId = id.value_or(
+        nextFreeId(database_, QStringLiteral("SELECT COALESCE(MAX(id), 0) + 1 FROM users")));
     database_.transaction([&] {
         QSqlQuery insert = database_.prepare(
             QStringLiteral("INSERT INTO users (id, name, password_hash) VALUES (?, ?, NULL)"));
@@ -66,9 +66,9 @@ std::int32_t MapWriter::addUser(const QString& name, std::optional<std::int32_t>
 void MapWriter::ensureUser(std::int32_t id, const QString& name)
 {
     database_.transaction([&] {
-        QSqlQuery upsert = database_.prepare(QStringLiteral(
-            "INSERT INTO users (id, name, password_hash) VALUES (?, ?, NULL) "
-            "ON CONFLICT (id) DO UPDATE SET name = excluded.name"));
+        QSqlQuery upsert = database_.prepare(
+            QStringLiteral("INSERT INTO users (id, name, password_hash) VALUES (?, ?, NULL) "
+                           "ON CONFLICT (id) DO UPDATE SET name = excluded.name"));
         Database::runWith(upsert, {id, name});
     });
 }
@@ -85,9 +85,9 @@ void MapWriter::grantMap(std::int32_t user, std::int32_t map)
 void MapWriter::setLayerLevel(std::int32_t user, std::int32_t layer, std::int16_t level)
 {
     database_.transaction([&] {
-        QSqlQuery upsert = database_.prepare(QStringLiteral(
-            "INSERT INTO layer_access (user_id, layer_id, level) VALUES (?, ?, ?) "
-            "ON CONFLICT (user_id, layer_id) DO UPDATE SET level = excluded.level"));
+        QSqlQuery upsert = database_.prepare(
+            QStringLiteral("INSERT INTO layer_access (user_id, layer_id, level) VALUES (?, ?, ?) "
+                           "ON CONFLICT (user_id, layer_id) DO UPDATE SET level = excluded.level"));
         Database::runWith(upsert, {user, layer, level});
     });
 }
@@ -95,10 +95,10 @@ void MapWriter::setLayerLevel(std::int32_t user, std::int32_t layer, std::int16_
 void MapWriter::setMapLevel(std::int32_t user, std::int32_t map, std::int16_t level)
 {
     database_.transaction([&] {
-        QSqlQuery upsert = database_.prepare(QStringLiteral(
-            "INSERT INTO layer_access (user_id, layer_id, level) "
-            "SELECT ?, id, ? FROM layers WHERE map_code = ? "
-            "ON CONFLICT (user_id, layer_id) DO UPDATE SET level = excluded.level"));
+        QSqlQuery upsert = database_.prepare(
+            QStringLiteral("INSERT INTO layer_access (user_id, layer_id, level) "
+                           "SELECT ?, id, ? FROM layers WHERE map_code = ? "
+                           "ON CONFLICT (user_id, layer_id) DO UPDATE SET level = excluded.level"));
         Database::runWith(upsert, {user, level, map});
     });
 }
@@ -109,8 +109,9 @@ void MapWriter::createMap(std::int32_t code, const messages::MapDefinition& head
         QSqlQuery insert = database_.prepare(QStringLiteral(
             "INSERT INTO maps (code, name, min_x, min_y, max_x, max_y, background, projection) "
             "VALUES (?, ?, ?, ?, ?, ?, ?, ?)"));
-        Database::runWith(insert, {code, QString::fromStdString(header.name), header.minX, header.minY,
-                         header.maxX, header.maxY, header.background, header.projection});
+        Database::runWith(insert,
+                          {code, QString::fromStdString(header.name), header.minX, header.minY,
+                           header.maxX, header.maxY, header.background, header.projection});
     });
 }
 
@@ -124,13 +125,13 @@ bool MapWriter::mapExists(std::int32_t code)
 void MapWriter::extendMapExtent(std::int32_t code, const Extent& box)
 {
     database_.transaction([&] {
-        QSqlQuery update = database_.prepare(QStringLiteral(
-            "UPDATE maps SET "
-            "min_x = CASE WHEN min_x = max_x THEN ? ELSE MIN(min_x, ?) END, "
-            "min_y = CASE WHEN min_y = max_y THEN ? ELSE MIN(min_y, ?) END, "
-            "max_x = CASE WHEN min_x = max_x THEN ? ELSE MAX(max_x, ?) END, "
-            "max_y = CASE WHEN min_y = max_y THEN ? ELSE MAX(max_y, ?) END "
-            "WHERE code = ?"));
+        QSqlQuery update = database_.prepare(
+            QStringLiteral("UPDATE maps SET "
+                           "min_x = CASE WHEN min_x = max_x THEN ? ELSE MIN(min_x, ?) END, "
+                           "min_y = CASE WHEN min_y = max_y THEN ? ELSE MIN(min_y, ?) END, "
+                           "max_x = CASE WHEN min_x = max_x THEN ? ELSE MAX(max_x, ?) END, "
+                           "max_y = CASE WHEN min_y = max_y THEN ? ELSE MAX(max_y, ?) END "
+                           "WHERE code = ?"));
         Database::runWith(update, {box.minX, box.minX, box.minY, box.minY, box.maxX, box.maxX,
                                    box.maxY, box.maxY, code});
     });
@@ -162,7 +163,8 @@ std::int32_t MapWriter::addLayer(std::int32_t map, const messages::LayerRecord& 
     std::int32_t id = layer.id;
     database_.transaction([&] {
         if (id <= 0) {
-            id = nextFreeId(database_, QStringLiteral("SELECT COALESCE(MAX(id), 0) + 1 FROM layers"));
+            id = nextFreeId(database_,
+                            QStringLiteral("SELECT COALESCE(MAX(id), 0) + 1 FROM layers"));
         }
         insertLayerRow(map, layer, id);
         insertFieldsAndClasses(id, layer);
@@ -181,13 +183,29 @@ void MapWriter::insertLayerRow(std::int32_t map, const messages::LayerRecord& la
         "label_color, thematic_field, thematic_type) VALUES (?, ?, "
         "(SELECT COALESCE(MAX(position), 0) + 1 FROM layers WHERE map_code = ?), "
         "?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)"));
-    Database::runWith(insert,
-            {id, map, map, QString::fromStdString(layer.name), layer.type, layer.gridDeltaX,
-             layer.gridDeltaY, layer.visibility, layer.zoomMin, layer.zoomMax, layer.drawColor,
-             layer.drawStyle, layer.drawWidth, layer.fillColor, layer.fillStyle,
-             QString::fromStdString(layer.labelField), layer.labelZoomMin, layer.labelZoomMax,
-             layer.labelVisibility, layer.labelBold, layer.labelColor,
-             QString::fromStdString(layer.thematicField), layer.thematicType});
+    Database::runWith(insert, {id,
+                               map,
+                               map,
+                               QString::fromStdString(layer.name),
+                               layer.type,
+                               layer.gridDeltaX,
+                               layer.gridDeltaY,
+                               layer.visibility,
+                               layer.zoomMin,
+                               layer.zoomMax,
+                               layer.drawColor,
+                               layer.drawStyle,
+                               layer.drawWidth,
+                               layer.fillColor,
+                               layer.fillStyle,
+                               QString::fromStdString(layer.labelField),
+                               layer.labelZoomMin,
+                               layer.labelZoomMax,
+                               layer.labelVisibility,
+                               layer.labelBold,
+                               layer.labelColor,
+                               QString::fromStdString(layer.thematicField),
+                               layer.thematicType});
 }
 
 void MapWriter::insertFieldsAndClasses(std::int32_t id, const messages::LayerRecord& layer)
@@ -196,32 +214,33 @@ void MapWriter::insertFieldsAndClasses(std::int32_t id, const messages::LayerRec
         "INSERT INTO fields (layer_id, position, name, ado_type) VALUES (?, ?, ?, ?)"));
     int position = 0;
     for (const messages::FieldRecord& record : layer.fields) {
-        Database::runWith(field, {id, ++position, QString::fromStdString(record.name), record.type});
+        Database::runWith(field,
+                          {id, ++position, QString::fromStdString(record.name), record.type});
     }
     QSqlQuery themeClass = database_.prepare(QStringLiteral(
         "INSERT INTO thematic_classes (layer_id, position, min_value, max_value, draw_color, "
         "draw_style, draw_width, fill_color, fill_style) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)"));
     position = 0;
     for (const messages::ThematicClassRecord& record : layer.classes) {
-        Database::runWith(themeClass, {id, ++position, QString::fromStdString(record.minimum),
-                             QString::fromStdString(record.maximum), record.drawColor,
-                             record.drawStyle, record.drawWidth, record.fillColor,
-                             record.fillStyle});
+        Database::runWith(themeClass,
+                          {id, ++position, QString::fromStdString(record.minimum),
+                           QString::fromStdString(record.maximum), record.drawColor,
+                           record.drawStyle, record.drawWidth, record.fillColor, record.fillStyle});
     }
 }
 
 void MapWriter::addElement(std::int32_t layer, const StoredElement& element)
 {
-    if (element.points.empty() || !std::all_of(element.points.begin(), element.points.end(),
-                                                insideTheGlobe)) {
+    if (element.points.empty() ||
+        !std::all_of(element.points.begin(), element.points.end(), insideTheGlobe)) {
         throw StorageError("element " + std::to_string(element.id) +
                            " needs at least one vertex, every one within ±180° and ±90°");
     }
     LayerTarget& target = targetOf(layer);
     const Extent box = Extent::of(element.points);
     database_.transaction([&] {
-        Database::runWith(insertElement_, {layer, element.id, VertexBlob::pack(element.points), box.minX, box.minY,
-                         box.maxX, box.maxY});
+        Database::runWith(insertElement_, {layer, element.id, VertexBlob::pack(element.points),
+                                           box.minX, box.minY, box.maxX, box.maxY});
         for (const CellIndex& cell : target.grid.cellsOf(box, kMaximumCellsPerElement)) {
             Database::runWith(fileElement_, {layer, cell.row, cell.column, element.id});
         }
@@ -266,7 +285,8 @@ MapWriter::LayerTarget& MapWriter::targetOf(std::int32_t layer)
                            static_cast<std::int16_t>(fields.value(1).toInt())});
     }
     QSqlQuery insert = database_.prepare(AttributeTable::insertStatement(layer, records));
-    return targets_.emplace(layer, LayerTarget{grid, records.size(), std::move(insert)}).first->second;
+    return targets_.emplace(layer, LayerTarget{grid, records.size(), std::move(insert)})
+        .first->second;
 }
 
 } // namespace orbelan::server

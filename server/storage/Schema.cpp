@@ -120,11 +120,11 @@ const char* const kCellsByElement =
 const QStringList& Schema::statements()
 {
     static const QStringList all = {
-        QString::fromUtf8(kUsers),    QString::fromUtf8(kMaps),
-        QString::fromUtf8(kMapAccess), QString::fromUtf8(kLayers),
-        QString::fromUtf8(kFields),    QString::fromUtf8(kThematicClasses),
+        QString::fromUtf8(kUsers),       QString::fromUtf8(kMaps),
+        QString::fromUtf8(kMapAccess),   QString::fromUtf8(kLayers),
+        QString::fromUtf8(kFields),      QString::fromUtf8(kThematicClasses),
         QString::fromUtf8(kLayerAccess), QString::fromUtf8(kElements),
-        QString::fromUtf8(kCells),     QString::fromUtf8(kCellsByElement),
+        QString::fromUtf8(kCells),       QString::fromUtf8(kCellsByElement),
     };
     return all;
 }

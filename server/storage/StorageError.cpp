@@ -2,6 +2,9 @@
 
 namespace orbelan::server {
 
-StorageError::StorageError(const std::string& what) : std::runtime_error(what) {}
+StorageError::StorageError(const std::string& what)
+    : std::runtime_error(what)
+{
+}
 
 } // namespace orbelan::server

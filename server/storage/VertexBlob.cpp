@@ -37,8 +37,8 @@ std::vector<messages::WirePoint> VertexBlob::unpack(const QByteArray& blob)
     std::vector<messages::WirePoint> points;
     points.reserve(bytes.size() / kPairSize);
     for (std::size_t at = 0; at < bytes.size(); at += kPairSize) {
-        points.push_back({wsckfunciones::BytesToDouble(bytes, at),
-                          wsckfunciones::BytesToDouble(bytes, at + 8)});
+        points.push_back(
+            {wsckfunciones::BytesToDouble(bytes, at), wsckfunciones::BytesToDouble(bytes, at + 8)});
     }
     return points;
 }

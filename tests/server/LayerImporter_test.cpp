@@ -20,7 +20,8 @@ const char* const kParks = R"({
   "type": "FeatureCollection",
   "features": [
     {"type": "Feature",
-     "properties": {"name": "Uno", "pop": 12, "big": 5000000000, "ratio": 0.5, "founded": "2020-01-02"},
+     "properties": {"name": "Uno", "pop": 12, "big": 5000000000, "ratio": 0.5,
+                    "founded": "2020-01-02"},
      "geometry": {"type": "MultiPolygon", "coordinates": [
        [[[-70.66, -33.46], [-70.64, -33.46], [-70.64, -33.44], [-70.66, -33.46]],
         [[-70.655, -33.455], [-70.645, -33.455], [-70.645, -33.445], [-70.655, -33.455]]],
@@ -29,7 +30,8 @@ const char* const kParks = R"({
      "properties": {"name": "Dos", "pop": null, "big": 1, "ratio": 1.25, "founded": "1999-12-31"},
      "geometry": {"type": "Polygon", "coordinates":
        [[[-70.70, -33.50], [-70.69, -33.50], [-70.69, -33.49], [-70.70, -33.50]]]}},
-    {"type": "Feature", "properties": {"name": "Tres", "pop": 3, "big": 2, "ratio": 2.0, "founded": "2001-01-01"},
+    {"type": "Feature",
+     "properties": {"name": "Tres", "pop": 3, "big": 2, "ratio": 2.0, "founded": "2001-01-01"},
      "geometry": {"type": "Point", "coordinates": [-70.65, -33.45]}}
   ]})";
 
@@ -88,12 +90,19 @@ TEST_F(LayerImport, TypesAreMappedAndMultiGeometriesSplit)
     const std::vector<messages::FieldRecord> fields = {
         {"name", 202}, {"pop", 3}, {"big", 20}, {"ratio", 5}, {"founded", 202}};
     EXPECT_EQ(record.fields, fields);
-    EXPECT_EQ(countRows(database, QStringLiteral("SELECT COUNT(*) FROM elements WHERE layer_id = %1").arg(layer)), 3);
+    EXPECT_EQ(
+        countRows(database,
+                  QStringLiteral("SELECT COUNT(*) FROM elements WHERE layer_id = %1").arg(layer)),
+        3);
     EXPECT_EQ(countRows(database, QStringLiteral(
                                       "SELECT COUNT(*) FROM layer_%1_attributes WHERE name = 'Uno' "
-                                      "AND big = 5000000000 AND founded = '2020-01-02'").arg(layer)), 2);
-    EXPECT_EQ(countRows(database, QStringLiteral(
-                                      "SELECT COUNT(*) FROM layer_%1_attributes WHERE pop IS NULL").arg(layer)), 1);
+                                      "AND big = 5000000000 AND founded = '2020-01-02'")
+                                      .arg(layer)),
+              2);
+    EXPECT_EQ(countRows(database,
+                        QStringLiteral("SELECT COUNT(*) FROM layer_%1_attributes WHERE pop IS NULL")
+                            .arg(layer)),
+              1);
     EXPECT_NE(report.str().find("skipped 1"), std::string::npos);
     EXPECT_NE(report.str().find("dropped 1 polygon holes"), std::string::npos);
 }
@@ -102,7 +111,8 @@ TEST_F(LayerImport, CoordinatesArriveInLongitudeLatitude)
 {
     ImportOptions utm = options(write("plaza.geojson", kUtmPoint));
     const std::int32_t layer = importer.import(utm);
-    QSqlQuery box = database.prepare(QStringLiteral("SELECT min_x, min_y FROM elements WHERE layer_id = ?"));
+    QSqlQuery box =
+        database.prepare(QStringLiteral("SELECT min_x, min_y FROM elements WHERE layer_id = ?"));
     Database::runWith(box, {layer});
     ASSERT_TRUE(box.next());
     EXPECT_NEAR(box.value(0).toDouble(), -70.65, 0.05);
@@ -119,8 +129,11 @@ TEST_F(LayerImport, AFailedImportChangesNothing)
                  std::runtime_error);
     EXPECT_EQ(countRows(database, QStringLiteral("SELECT COUNT(*) FROM maps")), 0);
     EXPECT_EQ(countRows(database, QStringLiteral("SELECT COUNT(*) FROM layers")), 0);
-    EXPECT_EQ(countRows(database, QStringLiteral(
-                                      "SELECT COUNT(*) FROM sqlite_master WHERE name GLOB 'layer_*_attributes'")), 0);
+    EXPECT_EQ(
+        countRows(database,
+                  QStringLiteral(
+                      "SELECT COUNT(*) FROM sqlite_master WHERE name GLOB 'layer_*_attributes'")),
+        0);
 }
 
 TEST(ImportCellSize, CellsThatHoldDataHoldAFewHundredVertices)
@@ -129,7 +142,8 @@ TEST(ImportCellSize, CellsThatHoldDataHoldAFewHundredVertices)
     layer.extent = {-180.0, -60.0, 180.0, 80.0};
     // A dense city and one far-off point stretching the extent.
     for (int k = 0; k < 20'000; ++k) {
-        layer.elements.push_back({k + 1, {{-70.7 + (k % 200) * 0.0005, -33.5 + (k / 200) * 0.0005}}, {}});
+        layer.elements.push_back(
+            {k + 1, {{-70.7 + (k % 200) * 0.0005, -33.5 + (k / 200) * 0.0005}}, {}});
     }
     layer.elements.push_back({20'001, {{179.0, 79.0}}, {}});
     layer.vertexCount = layer.elements.size();

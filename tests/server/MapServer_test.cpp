@@ -85,7 +85,8 @@ TEST_F(MapServerTest, ANewAccessRequestStartsFromTheNewUsersLevels)
 TEST_F(MapServerTest, CellsCarryGeometryAndValuesWithinACentimetre)
 {
     auto client = admitted(1);
-    const auto streets = client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    const auto streets =
+        client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
     ASSERT_TRUE(streets);
     EXPECT_EQ(streets->row, 5655);
     EXPECT_EQ(streets->column, 10935);
@@ -115,7 +116,8 @@ TEST_F(MapServerTest, ALargePolygonIsServedInEveryCellOfItsBox)
     int served = 0;
     for (std::int32_t row = 5651; row <= 5658; ++row) {
         for (std::int32_t column = 10930; column <= 10935; ++column) {
-            const auto cell = client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kBlocks, row, column});
+            const auto cell =
+                client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kBlocks, row, column});
             ASSERT_TRUE(cell);
             served += static_cast<int>(cell->elements.size());
         }
@@ -159,7 +161,8 @@ TEST_F(MapServerTest, UnknownOrForbiddenRequestsGetOneEmptyReplyEach)
 TEST_F(MapServerTest, AClientThatDoesNotReadGetsEveryReplyLater)
 {
     auto client = admitted(1);
-    const auto request = buildMessage(CellGeometryRequest{SampleStore::kStreets, 5655, 10935}).buffer();
+    const auto request =
+        buildMessage(CellGeometryRequest{SampleStore::kStreets, 5655, 10935}).buffer();
     constexpr int kRequests = 50000; // some 5.7 MB of replies, more than the server holds unsent
     std::vector<std::uint8_t> burst;
     for (int i = 0; i < kRequests; ++i) {
@@ -203,7 +206,8 @@ TEST_F(MapServerTest, BadInputIsDroppedOrClosedWhileOthersAreServed)
     unknown.PutInteger(999);
     unknown.cerrarMensaje(0);
     client->sendBytes(unknown.buffer());
-    const auto answer = client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    const auto answer =
+        client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
     ASSERT_TRUE(answer) << "the dropped requests were not answered, the next one was";
     EXPECT_EQ(answer->elements.size(), 3u);
 
@@ -211,7 +215,8 @@ TEST_F(MapServerTest, BadInputIsDroppedOrClosedWhileOthersAreServed)
     oversized.sendBytes({'M', 'I', 'C', ' ', 0xFF, 0xFF, 0xFF, 0x7F, 2, 0});
     EXPECT_TRUE(oversized.closedByServer());
 
-    const auto served = bystander->ask<CellGeometry>(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    const auto served =
+        bystander->ask<CellGeometry>(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
     ASSERT_TRUE(served);
     EXPECT_EQ(served->elements.size(), 3u);
     const std::string log = server->log();

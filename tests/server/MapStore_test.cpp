@@ -118,8 +118,10 @@ TEST_F(MapStore, AFailedWriteLeavesTheStoreAsItWas)
     EXPECT_THROW(database.transaction([&] {
         writer.addElement(SampleStore::kLandmarks, {40, {{-70.6, -33.4}}, {}});
         writer.addElement(SampleStore::kLandmarks, {41, {{-200.0, -33.4}}, {}});
-    }), StorageError);
-    EXPECT_THROW(writer.addElement(SampleStore::kLandmarks, {5, {{-70.6, -33.4}}, {}}), StorageError);
+    }),
+                 StorageError);
+    EXPECT_THROW(writer.addElement(SampleStore::kLandmarks, {5, {{-70.6, -33.4}}, {}}),
+                 StorageError);
     EXPECT_THROW(writer.setLayerLevel(1, SampleStore::kStreets, 4), StorageError);
     EXPECT_EQ(countRows(database, QStringLiteral("SELECT COUNT(*) FROM elements")), elements);
     EXPECT_EQ(countRows(database, QStringLiteral("SELECT COUNT(*) FROM cells")), cells);

@@ -20,7 +20,8 @@ messages::LayerRecord layer(std::int32_t id, const char* name, std::int16_t type
 
 } // namespace
 
-SampleStore::SampleStore() : database_(std::make_unique<Database>(path()))
+SampleStore::SampleStore()
+    : database_(std::make_unique<Database>(path()))
 {
     database_->transaction([this] {
         addMaps();
@@ -72,15 +73,17 @@ void SampleStore::addElements()
     writer.addElement(kStreets, {2, {{-70.6508, -33.4501}, {-70.6505, -33.4495}}, {"Alameda", -1}});
     writer.addElement(kStreets, {3, {{-70.6502, -33.4503}, {-70.6497, -33.4497}}, {"Matucana"}});
     // A polygon whose box spans rows 5652..5657 and columns 10931..10934.
-    writer.addElement(kBlocks, {7,
-                                {{-70.6912, -33.4789}, {-70.6588, -33.4789},
-                                 {-70.6588, -33.4291}, {-70.6912, -33.4789}},
-                                {"Comercial", 1234.5}});
+    writer.addElement(
+        kBlocks,
+        {7,
+         {{-70.6912, -33.4789}, {-70.6588, -33.4789}, {-70.6588, -33.4291}, {-70.6912, -33.4789}},
+         {"Comercial", 1234.5}});
     writer.addElement(kLandmarks, {5, {{-70.65, -33.45}}, {}});
-    writer.addElement(kWorld, {8,
-                               {{-120.123456789, -40.0}, {120.0, -40.0}, {120.0, 40.987654321},
-                                {-120.123456789, -40.0}},
-                               {}});
+    writer.addElement(
+        kWorld,
+        {8,
+         {{-120.123456789, -40.0}, {120.0, -40.0}, {120.0, 40.987654321}, {-120.123456789, -40.0}},
+         {}});
     writer.addElement(kOtherLayer, {6, {{-70.65, -33.45}}, {}});
 }
 

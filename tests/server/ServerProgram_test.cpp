@@ -36,8 +36,8 @@ ProgramRun runProgram(std::initializer_list<const char*> words)
     QProcess process;
     process.start(kProgram, arguments);
     process.waitForFinished(120'000);
-    return {process.exitCode(), QString::fromUtf8(process.readAllStandardOutput() +
-                                                  process.readAllStandardError())};
+    return {process.exitCode(),
+            QString::fromUtf8(process.readAllStandardOutput() + process.readAllStandardError())};
 }
 
 // Starts serve on a free port and returns the port it logged.
@@ -92,8 +92,8 @@ TEST(ServerProgram, DemoThenServeGivesAWholeMapToAWireClient)
     const auto cell = client.ask<CellGeometry>(CellGeometryRequest{streets.id, row, column});
     ASSERT_TRUE(cell);
     EXPECT_GT(cell->elements.size(), 10u);
-    const auto labels =
-        client.ask<CellFieldValues>(CellFieldValuesRequest{streets.id, row, column, streets.labelField});
+    const auto labels = client.ask<CellFieldValues>(
+        CellFieldValuesRequest{streets.id, row, column, streets.labelField});
     ASSERT_TRUE(labels);
     EXPECT_EQ(labels->references.size(), cell->elements.size());
     server.kill();
@@ -110,12 +110,14 @@ TEST(ServerProgram, UsersAreAddedAndGrantedFromTheCommandLine)
     const ProgramRun added = runProgram({"user", "add", "--db", path, "--name", "maría"});
     EXPECT_EQ(added.status, 0);
     EXPECT_TRUE(added.output.contains(QStringLiteral("user 4 maría")));
-    EXPECT_EQ(runProgram({"user", "grant", "--db", path, "--user", "4", "--map", "1", "--level", "2"})
-                  .status,
-              0);
-    EXPECT_EQ(runProgram({"user", "grant", "--db", path, "--user", "4", "--map", "1", "--level", "9"})
-                  .status,
-              1);
+    EXPECT_EQ(
+        runProgram({"user", "grant", "--db", path, "--user", "4", "--map", "1", "--level", "2"})
+            .status,
+        0);
+    EXPECT_EQ(
+        runProgram({"user", "grant", "--db", path, "--user", "4", "--map", "1", "--level", "9"})
+            .status,
+        1);
     EXPECT_EQ(runProgram({"nonsense"}).status, 1);
 
     QProcess server;

@@ -17,7 +17,11 @@ namespace {
 // Collects the log lines of the server thread for the test thread.
 class LockedBuffer : public std::stringbuf {
 public:
-    LockedBuffer(std::mutex& mutex, std::ostringstream& target) : mutex_(mutex), target_(target) {}
+    LockedBuffer(std::mutex& mutex, std::ostringstream& target)
+        : mutex_(mutex),
+          target_(target)
+    {
+    }
 
 protected:
     int sync() override
@@ -35,7 +39,10 @@ private:
 
 } // namespace
 
-ServerThread::ServerThread(QString databasePath) : databasePath_(std::move(databasePath)) {}
+ServerThread::ServerThread(QString databasePath)
+    : databasePath_(std::move(databasePath))
+{
+}
 
 ServerThread::~ServerThread()
 {

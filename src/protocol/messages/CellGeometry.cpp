@@ -50,11 +50,10 @@ void CellGeometry::chooseCoordinates()
 bool CellGeometry::survivesOffsetsFrom(const WirePoint& centre) const
 {
     return std::all_of(elements.begin(), elements.end(), [&centre](const CellElement& element) {
-        return std::all_of(element.points.begin(), element.points.end(),
-                           [&centre](const WirePoint& point) {
-                               return offsetIsExact(point.x, centre.x) &&
-                                      offsetIsExact(point.y, centre.y);
-                           });
+        return std::all_of(
+            element.points.begin(), element.points.end(), [&centre](const WirePoint& point) {
+                return offsetIsExact(point.x, centre.x) && offsetIsExact(point.y, centre.y);
+            });
     });
 }
 
@@ -82,9 +81,8 @@ CellGeometry CellGeometry::decode(DWBUffer& message)
     reply.base.x = message.GetDouble();
     reply.base.y = message.GetDouble();
     reply.elements = readRecords<CellElement>(
-        message, message.GetLong(), CellElement::kMinimumSize, [&reply](DWBUffer& m) {
-            return CellElement::decode(m, reply.relative, reply.base);
-        });
+        message, message.GetLong(), CellElement::kMinimumSize,
+        [&reply](DWBUffer& m) { return CellElement::decode(m, reply.relative, reply.base); });
     return reply;
 }
 

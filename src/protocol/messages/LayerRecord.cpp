@@ -61,11 +61,11 @@ LayerRecord LayerRecord::decode(DWBUffer& message)
     layer.decodeStyleAndLabels(message);
     layer.thematicField = message.GetString();
     layer.thematicType = message.GetInteger();
-    layer.fields = readRecords<FieldRecord>(message, message.GetInteger(), FieldRecord::kMinimumSize,
-                                            FieldRecord::decode);
-    layer.classes = readRecords<ThematicClassRecord>(
-        message, message.GetInteger(), ThematicClassRecord::kMinimumSize,
-        ThematicClassRecord::decode);
+    layer.fields = readRecords<FieldRecord>(message, message.GetInteger(),
+                                            FieldRecord::kMinimumSize, FieldRecord::decode);
+    layer.classes = readRecords<ThematicClassRecord>(message, message.GetInteger(),
+                                                     ThematicClassRecord::kMinimumSize,
+                                                     ThematicClassRecord::decode);
     return layer;
 }
 

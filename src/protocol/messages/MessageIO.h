@@ -38,8 +38,7 @@ std::size_t recordCount(std::int32_t count);
 // How many records of at least minimumSize bytes may still follow in the
 // message; used to bound what is reserved for a count that a hostile or
 // truncated message may overstate.
-std::size_t reservableRecords(const DWBUffer& message, std::size_t count,
-                              std::size_t minimumSize);
+std::size_t reservableRecords(const DWBUffer& message, std::size_t count, std::size_t minimumSize);
 
 // Reads count records with readOne; reading stops with WireReadError at the
 // first record that is not all there.

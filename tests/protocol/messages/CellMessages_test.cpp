@@ -68,16 +68,16 @@ TEST(CellMessages, RelativeCoordinatesHaveTheWireLayout)
     cell.relative = true;
     cell.base = {-70.0, -33.0};
     cell.elements = {{9, {{-69.5, -33.25}}}};
-    const Bytes expected = {'M',  'I', 'C', ' ', 59, 0, 0, 0, 102, 0,  //
-                            1,    0,   0,   0,                         // layer
-                            2,    0,   0,   0,   3,  0, 0, 0,          // row, column
-                            1,                                         // relative
-                            0,    0,   0,   0,   0,  0x80, 0x51, 0xC0, // base x -70
-                            0,    0,   0,   0,   0,  0x80, 0x40, 0xC0, // base y -33
-                            1,    0,   0,   0,                         // one element
-                            9,    0,   0,   0,   1,  0, 0, 0,          // id 9, one point
-                            0,    0,   0,   0x3F,                      // 0.5
-                            0,    0,   0x80, 0xBE};                    // -0.25
+    const Bytes expected = {'M', 'I', 'C',  ' ',  59, 0,    0,    0,    102, 0, //
+                            1,   0,   0,    0,                                  // layer
+                            2,   0,   0,    0,    3,  0,    0,    0,            // row, column
+                            1,                                                  // relative
+                            0,   0,   0,    0,    0,  0x80, 0x51, 0xC0,         // base x -70
+                            0,   0,   0,    0,    0,  0x80, 0x40, 0xC0,         // base y -33
+                            1,   0,   0,    0,                                  // one element
+                            9,   0,   0,    0,    1,  0,    0,    0,            // id 9, one point
+                            0,   0,   0,    0x3F,                               // 0.5
+                            0,   0,   0x80, 0xBE};                              // -0.25
     EXPECT_EQ(buildMessage(cell).buffer(), expected);
 }
 
