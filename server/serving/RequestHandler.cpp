@@ -57,7 +57,11 @@ RequestHandler::RequestHandler(MapReader& reader)
 HandlerOutcome RequestHandler::handle(SessionState& session, DWBUffer& message)
 {
     const std::int16_t code = codeNumber(messages::readHeader(message));
-    if (!session.passed && code != codeNumber(CommandCode::AccessRequest)) {
+    // The login control's request comes on a connection of its own, never
+    // preceded by an access request.
+    const bool mayComeFirst =
+        code == codeNumber(CommandCode::AccessRequest) || code == codeNumber(CommandCode::Login);
+    if (!session.passed && !mayComeFirst) {
         return refuse(Action::Close, commandName(code) + " before the access request");
     }
     try {

@@ -16,8 +16,8 @@ namespace orbelan::server {
 
 // Answers one whole request of a connection from the map store.
 //
-// Until a connection has passed the access request, any other request closes
-// it. Every counted request that can be read gets exactly one reply, an empty
+// Until a connection has passed the access request, any other request but a
+// login closes it. Every counted request that can be read gets exactly one reply, an empty
 // one when its map, layer, cell or field does not exist or the user may not
 // see it. A request shorter than its fields, or with a code the server does
 // not answer, is dropped.

@@ -186,8 +186,19 @@ TEST_F(MapServerTest, AccessIsRefusedAndARequestBeforeItClosesTheConnection)
     EXPECT_TRUE(refused.closedByServer());
 
     WireClient early(port);
-    early.send(MapDefinitionRequest{SampleStore::kMap});
-    EXPECT_TRUE(early.closedByServer());
+    DWBUffer login;
+    login.CrearHeader();
+    login.PutInteger(codeNumber(CommandCode::Login));
+    login.PutString("admin");
+    login.PutString("secreto");
+    login.cerrarMensaje(0);
+    early.sendBytes(login.buffer());
+    const auto granted = early.ask<AccessAnswer>(AccessRequest{1, SampleStore::kMap});
+    ASSERT_TRUE(granted && granted->granted()) << "a login does not close the connection";
+
+    WireClient premature(port);
+    premature.send(MapDefinitionRequest{SampleStore::kMap});
+    EXPECT_TRUE(premature.closedByServer());
     EXPECT_NE(server->log().find("before the access request"), std::string::npos);
 }
 
