@@ -1,5 +1,7 @@
 #include "Entidad.h"
 
+#include "MapCanvas.h"
+#include "Theme.h"
 #include "layer.h"
 
 #include <algorithm>
@@ -67,6 +69,8 @@ void Entidad::SetPoints(std::span<const Vertex> points)
         throw std::length_error("an entity holds at most 2147483647 vertices");
     }
     points_.assign(points.begin(), points.end());
+    // Positions drawn for other vertices mean nothing now.
+    screen_.clear();
 }
 
 void Entidad::CalculateBoundingBox()
@@ -284,6 +288,87 @@ double Entidad::SegmentDistance(double px, double py, double x1, double y1, doub
 double Entidad::PointDistance(double x1, double y1, double x2, double y2)
 {
     return std::sqrt((x1 - x2) * (x1 - x2) + (y1 - y2) * (y1 - y2));
+}
+
+const Theme& Entidad::drawingClass() const
+{
+    static const Theme kNewClass;
+    const Theme* theme = parentLayer == nullptr ? nullptr : parentLayer->ThematicMap().Find(ThemeCode);
+    return theme == nullptr ? kNewClass : *theme;
+}
+
+bool Entidad::hasScreenPoints() const
+{
+    return !screen_.empty() && screen_.size() == points_.size();
+}
+
+bool Entidad::Draw(const BoundingBox& BBox, MapCanvas& Wnd, TipoLayer TipoEnt)
+{
+    if (!BBox.InterseccionCon(bb)) {
+        screen_.clear();
+        return false;
+    }
+    return drawProjected(Wnd, TipoEnt, drawingClass());
+}
+
+bool Entidad::drawProjected(MapCanvas& Wnd, TipoLayer TipoEnt, const Theme& theme)
+{
+    if (TipoEnt < pointlayer || TipoEnt > polygonlayer) {
+        return false;
+    }
+    Wnd.ToScreen(points_, screen_);
+    drawStored(Wnd, TipoEnt, theme, true);
+    return true;
+}
+
+void Entidad::drawStored(MapCanvas& Wnd, TipoLayer TipoEnt, const Theme& theme, bool setLineStyle) const
+{
+    switch (static_cast<std::int32_t>(TipoEnt)) {
+    case pointlayer:
+        Wnd.DrawPoints(screen_, theme);
+        break;
+    case polylinelayer:
+    case 3:
+        Wnd.DrawPolyline(screen_, theme, setLineStyle);
+        break;
+    case polygonlayer:
+        Wnd.DrawPolygon(screen_, theme);
+        break;
+    default:
+        break;
+    }
+}
+
+// Drawing again keeps the surface's line style: only a full drawing sets it.
+void Entidad::DrawWOCalc(MapCanvas& Wnd, TipoLayer TipoEnt)
+{
+    if (!hasScreenPoints()) {
+        Draw(Wnd.ViewBox(), Wnd, TipoEnt);
+        return;
+    }
+    drawStored(Wnd, TipoEnt, drawingClass(), false);
+}
+
+void Entidad::resaltar(const BoundingBox& BBox, MapCanvas& Wnd, TipoLayer TipoEnt, const Theme& themecolor)
+{
+    if (!BBox.InterseccionCon(bb)) {
+        return;
+    }
+    if (hasScreenPoints()) {
+        drawStored(Wnd, TipoEnt, themecolor, false);
+    } else {
+        drawProjected(Wnd, TipoEnt, themecolor);
+    }
+}
+
+void Entidad::DrawDirection(MapCanvas& Wnd) const
+{
+    if (Direction == 0) {
+        return;
+    }
+    for (std::size_t k = 1; k < screen_.size(); ++k) {
+        Wnd.DrawDirectionMark(screen_[k - 1], screen_[k], Direction);
+    }
 }
 
 } // namespace orbelan

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "BoundingBox.h"
+#include "ScreenPoint.h"
 #include "SegmentMatch.h"
 #include "TipoLayer.h"
 #include "Vertex.h"
@@ -16,6 +17,8 @@
 namespace orbelan {
 
 class layer;
+class MapCanvas;
+struct Theme;
 
 // One map element: a point, a polyline or a polygon. Its kind is not stored
 // here but read from the owning layer's Tipo whenever a query depends on it;
@@ -80,6 +83,28 @@ public:
                                   bool alwaysPositive);
     static double PointDistance(double x1, double y1, double x2, double y2);
 
+    // Drawing. The entity is drawn in the style of its class (ThemeCode in
+    // the layer's ThematicMap; a class that does not exist draws in the
+    // style of a new Theme) as points, as the segments of a line (kind 2 or
+    // 3) or as a filled polygon. A full drawing keeps the screen position of
+    // every vertex, so that drawing again, highlighting and the direction
+    // marks need no projection.
+    //
+    // Draws the entity when its box meets BBox (geographic degrees) and says
+    // whether it did; outside the view the stored positions are dropped.
+    bool Draw(const BoundingBox& BBox, MapCanvas& Wnd, TipoLayer TipoEnt);
+    // Draws again from the stored positions; an entity without them gets a
+    // full Draw for the surface's current view.
+    void DrawWOCalc(MapCanvas& Wnd, TipoLayer TipoEnt);
+    // Draws the entity in the given class when its box meets BBox, from the
+    // stored positions when it has them.
+    void resaltar(const BoundingBox& BBox, MapCanvas& Wnd, TipoLayer TipoEnt, const Theme& themecolor);
+    // A direction mark on every segment between stored positions, unless
+    // the entity's Direction is 0.
+    void DrawDirection(MapCanvas& Wnd) const;
+    // The positions of the last full drawing; empty when there is none.
+    std::span<const ScreenPoint> ScreenPoints() const { return screen_; }
+
 private:
     TipoLayer kind() const;
     double lineDistance(double X, double Y) const;
@@ -87,8 +112,13 @@ private:
     double neighbourDistance(double xp, double yp, std::size_t vertex, std::size_t neighbour) const;
     Vertex polygonCentroid() const;
     Vertex vertexMean() const;
+    const Theme& drawingClass() const;
+    bool hasScreenPoints() const;
+    bool drawProjected(MapCanvas& Wnd, TipoLayer TipoEnt, const Theme& theme);
+    void drawStored(MapCanvas& Wnd, TipoLayer TipoEnt, const Theme& theme, bool setLineStyle) const;
 
     std::vector<Vertex> points_;
+    std::vector<ScreenPoint> screen_;
 };
 
 } // namespace orbelan

@@ -2,6 +2,7 @@
 
 #include "FieldType.h"
 #include "LeadingNumber.h"
+#include "MapCanvas.h"
 
 #include <algorithm>
 #include <array>
@@ -22,6 +23,9 @@ constexpr double kNotDrawn = 1E36;
 
 // The zoom value that lifts the limit when zooming out.
 constexpr float kUnlimitedZoom = 1E37f;
+
+// A highlighted entity is outlined in red.
+constexpr std::int32_t kHighlightColor = 255;
 
 std::int16_t userLevel(std::int16_t level)
 {
@@ -497,6 +501,119 @@ void layer::ResetLabels()
     }
     labels_.Clear();
     requestedLabelCells_.Clear();
+}
+
+void layer::Redraw(const BoundingBox& BBox, MapCanvas& Wnd)
+{
+    Visible = CalculateVisibility();
+    if (!Visible) {
+        ClearDrawnIDs();
+        return;
+    }
+    if (Tipo == ImageLayer) {
+        return;
+    }
+    if (!BBox.InterseccionCon(bb) || Entidades.count() == 0) {
+        ClearDrawnIDs();
+        return;
+    }
+    const std::vector<std::int32_t> newIDs = Entidades.GetNewIDs();
+    if (newIDs.empty()) {
+        redrawCompletely(BBox, Wnd);
+    } else {
+        redrawIncrementally(newIDs, BBox, Wnd);
+    }
+    CalculateThemes = false;
+}
+
+// What is on screen is drawn as it was, and the arrivals over it.
+void layer::redrawIncrementally(const std::vector<std::int32_t>& newIDs, const BoundingBox& BBox, MapCanvas& Wnd)
+{
+    for (Entidad* entity : drawnEntities()) {
+        if (entity != nullptr) {
+            entity->DrawWOCalc(Wnd, Tipo);
+        }
+    }
+    for (const std::int32_t ID : newIDs) {
+        Entidad* entity = Entidades.Find(ID);
+        if (entity == nullptr) {
+            continue;
+        }
+        if (ThematicType != 0) {
+            CalculateThemeObject(entity);
+        } else {
+            entity->ThemeValue = "0";
+        }
+        if (entity->Draw(BBox, Wnd, Tipo)) {
+            AppendDrawnID(ID);
+        }
+    }
+}
+
+void layer::redrawCompletely(const BoundingBox& BBox, MapCanvas& Wnd)
+{
+    ClearDrawnIDs();
+    for (Entidad& entity : Entidades.NewEnum()) {
+        if (ThematicType == 0) {
+            entity.ThemeValue = "0";
+        } else if (CalculateThemes) {
+            CalculateThemeObject(&entity);
+        }
+        if (entity.Draw(BBox, Wnd, Tipo)) {
+            drawnIDs_.push_back(entity.ID);
+            drawnEntities_.push_back(&entity);
+        }
+    }
+}
+
+void layer::RedrawWOCalc(const BoundingBox& BBox, MapCanvas& Wnd)
+{
+    Visible = CalculateVisibility();
+    if (!Visible || Tipo == ImageLayer || !BBox.InterseccionCon(bb)) {
+        return;
+    }
+    for (Entidad* entity : drawnEntities()) {
+        if (entity != nullptr) {
+            entity->DrawWOCalc(Wnd, Tipo);
+        }
+    }
+}
+
+void layer::DrawDirections(const BoundingBox& BBox, MapCanvas& Wnd)
+{
+    if (!Loaded || !Visible || (Tipo != polylinelayer && Tipo != 3)) {
+        return;
+    }
+    DirectionVisible = CalculateDirectionVisibility();
+    if (!DirectionVisible || !BBox.InterseccionCon(bb)) {
+        return;
+    }
+    for (const Entidad* entity : drawnEntities()) {
+        if (entity != nullptr) {
+            entity->DrawDirection(Wnd);
+        }
+    }
+}
+
+void layer::resaltar(std::int32_t IDEntidad, const BoundingBox& BBox, MapCanvas& Wnd)
+{
+    Entidad* entity = Entidades.Find(IDEntidad);
+    if (entity == nullptr) {
+        return;
+    }
+    Theme highlight;
+    const Theme* defaultClass = themes_.Find(1);
+    if (defaultClass != nullptr && defaultClass->DrawWidth == 0) {
+        highlight.DrawWidth = 1;
+    } else if (themes_.count() > 0) {
+        const Theme* entityClass = themes_.Find(entity->ThemeCode);
+        const std::int64_t width = 2 * static_cast<std::int64_t>(entityClass ? entityClass->DrawWidth : Theme{}.DrawWidth);
+        highlight.DrawWidth = static_cast<std::int32_t>(
+            std::clamp<std::int64_t>(width, std::numeric_limits<std::int32_t>::min(),
+                                     std::numeric_limits<std::int32_t>::max()));
+    }
+    highlight.DrawColor = kHighlightColor;
+    entity->resaltar(BBox, Wnd, Tipo, highlight);
 }
 
 } // namespace orbelan

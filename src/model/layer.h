@@ -21,6 +21,8 @@
 
 namespace orbelan {
 
+class MapCanvas;
+
 // One layer of the map: what it is, when it shows, its fields, classes,
 // labels and entities, the grid in which the server delivers its geometry and
 // the cells already asked for, and the hit tests of the mouse tools.
@@ -171,6 +173,26 @@ public:
     // The nearest vertex of any drawn entity, the later one on a tie.
     VertexMatch NearestVertexInLayer(double x, double y);
 
+    // Drawing, for the view box BBox in geographic degrees. Redraw stores
+    // Visible and draws the entities: incrementally when entities arrived
+    // since the last redraw (those drawn before are drawn again from their
+    // screen positions, then the new ones get their class and are drawn and
+    // appended to DrawnIDs), else completely (DrawnIDs rebuilt from every
+    // entity the view shows, classes recomputed when CalculateThemes).
+    // Either way CalculateThemes is cleared after. A hidden layer, or one
+    // that the view misses or that has no entities, empties DrawnIDs. Image
+    // layers draw no entities.
+    void Redraw(const BoundingBox& BBox, MapCanvas& Wnd);
+    // Stores Visible and draws DrawnIDs again as they were drawn last.
+    void RedrawWOCalc(const BoundingBox& BBox, MapCanvas& Wnd);
+    // The direction marks of the drawn lines of a loaded, visible layer,
+    // when they show at this scale (DirectionVisible is stored).
+    void DrawDirections(const BoundingBox& BBox, MapCanvas& Wnd);
+    // Draws the entity highlighted: red, twice its class's width (1 when the
+    // default class has width 0), and a polygon filled solid in the colour
+    // of a new class.
+    void resaltar(std::int32_t IDEntidad, const BoundingBox& BBox, MapCanvas& Wnd);
+
     // Puts the entity into its thematic class by its ThemeValue: for a text
     // field the first class whose min equals the trimmed value, for a number
     // the first class from 2 on whose bounds hold it; else class 1.
@@ -196,6 +218,8 @@ private:
     void appendPointsNear(double X, double Y, std::vector<std::int32_t>& ids);
     std::int32_t textClass(std::string_view value) const;
     std::int32_t numericClass(std::string_view value) const;
+    void redrawIncrementally(const std::vector<std::int32_t>& newIDs, const BoundingBox& BBox, MapCanvas& Wnd);
+    void redrawCompletely(const BoundingBox& BBox, MapCanvas& Wnd);
 
     orbelan::ThematicMap themes_;
     orbelan::Campos campos_;

@@ -10,6 +10,7 @@
 #include "ZoomFactorTool.h"
 #include "ZoomWindowTool.h"
 #include "PropertyBag.h"
+#include "QtMapCanvas.h"
 #include "Windows1252.h"
 #include "WidgetUiServices.h"
 #include "dlgAbout.h"
@@ -386,12 +387,39 @@ void Viewer::SetView(double x1, double y1, double x2, double y2)
 
 void Viewer::Redraw()
 {
+    redrawMap(std::nullopt);
+}
+
+void Viewer::RedrawLayer(std::int32_t IDLayer)
+{
+    redrawMap(IDLayer);
+}
+
+// Layers are drawn in collection order, each over the ones before, and the
+// direction marks over all geometry. Redrawing one layer draws the others
+// from what they drew last.
+void Viewer::redrawMap(std::optional<std::int32_t> onlyLayer)
+{
     viewport_.setSize(width(), height());
     if (imgMap_.size() != size()) {
         imgMap_ = QImage(size(), QImage::Format_ARGB32_Premultiplied);
     }
     hideRubberBand();
     imgMap_.fill(olecolor::toQColor(BackgroundColor, palette()));
+    if (viewport_.viewReady() && !imgMap_.isNull()) {
+        QtMapCanvas canvas(imgMap_, viewport_, palette());
+        const BoundingBox& view = viewport_.viewBox();
+        for (layer& mapLayer : layers_) {
+            if (!onlyLayer || mapLayer.IDLayer == *onlyLayer) {
+                mapLayer.Redraw(view, canvas);
+            } else {
+                mapLayer.RedrawWOCalc(view, canvas);
+            }
+        }
+        for (layer& mapLayer : layers_) {
+            mapLayer.DrawDirections(view, canvas);
+        }
+    }
     update();
     selectToolCursor();
     if (!busy) {

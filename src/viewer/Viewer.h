@@ -15,6 +15,7 @@
 #include <cstdint>
 #include <map>
 #include <memory>
+#include <optional>
 
 class QLabel;
 class QRubberBand;
@@ -140,7 +141,13 @@ public:
     // Fits the geographic box (corners in any order) into the control,
     // redraws and requests the cells the view still lacks.
     Q_INVOKABLE void SetView(double x1, double y1, double x2, double y2);
+    // Clears the picture with BackgroundColor and draws every layer for the
+    // current view: the geometry of all layers, then the direction marks
+    // over it.
     Q_INVOKABLE void Redraw();
+    // The same after one layer's data or style changed: that layer is drawn
+    // anew, the others as they were drawn last.
+    void RedrawLayer(std::int32_t IDLayer);
     Q_INVOKABLE void ZoomIn();
     Q_INVOKABLE void ZoomOut();
     Q_INVOKABLE void ZoomExtents();
@@ -225,6 +232,7 @@ protected:
 
 private:
     void createSurface();
+    void redrawMap(std::optional<std::int32_t> onlyLayer);
     void connectReceiveSide();
     void firstShow();
     void requestAccess();

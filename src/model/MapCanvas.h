@@ -1,0 +1,46 @@
+#pragma once
+
+#include "BoundingBox.h"
+#include "ScreenPoint.h"
+#include "Theme.h"
+#include "Vertex.h"
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace orbelan {
+
+// The drawing surface of the Viewer as the model's drawing members use it.
+// The model decides what is drawn, in which order and with which class; the
+// surface converts map coordinates to pixels and puts them on the picture.
+//
+// Like the control's own surface it keeps a current line style and line
+// width: a primitive sets them from the class when it says so, and a line
+// drawn again from stored screen points keeps the style set last.
+class MapCanvas {
+public:
+    virtual ~MapCanvas() = default;
+
+    // The visible box in geographic degrees.
+    virtual const BoundingBox& ViewBox() const = 0;
+    // The screen position of every vertex (longitude, latitude), one per
+    // vertex, in order.
+    virtual void ToScreen(std::span<const Vertex> vertices, std::vector<ScreenPoint>& screen) const = 0;
+
+    // One dot per point, DrawWidth wide, in DrawColor; nothing when the
+    // class draws no outline (DrawStyle 5).
+    virtual void DrawPoints(std::span<const ScreenPoint> points, const Theme& theme) = 0;
+    // The segments between consecutive points, in DrawColor, nothing when the
+    // class draws no outline. The line width becomes DrawWidth unless that is
+    // 0; the line style becomes DrawStyle only when setLineStyle.
+    virtual void DrawPolyline(std::span<const ScreenPoint> points, const Theme& theme, bool setLineStyle) = 0;
+    // The closed polygon filled in FillStyle and FillColor and outlined in
+    // DrawStyle, DrawWidth and DrawColor, all of which become current.
+    virtual void DrawPolygon(std::span<const ScreenPoint> points, const Theme& theme) = 0;
+    // The arrowhead on the middle of a segment that shows a line's direction:
+    // along the segment, or against it for direction -1.
+    virtual void DrawDirectionMark(ScreenPoint from, ScreenPoint to, std::int16_t direction) = 0;
+};
+
+} // namespace orbelan

@@ -1,0 +1,360 @@
+#include "QtMapCanvas.h"
+
+#include "DirectionMark.h"
+#include "OleColor.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace orbelan {
+
+namespace {
+
+// Wider lines than this look no different on any screen.
+constexpr std::int32_t kMaximumWidth = 1000;
+// Geometry is cut this far outside the picture, plus the line width, so
+// that cut ends and caps never show.
+constexpr double kMargin = 16;
+// A direction mark reaches this far from its points.
+constexpr double kMarkReach = 64;
+
+constexpr std::int32_t kBlack = 0x000000;
+constexpr std::int32_t kWhite = 0xFFFFFF;
+constexpr std::int32_t kMarkBorderWidth = 5;
+
+// A screen coordinate as a Single: the nearest one, so that a point far
+// outside the view stays finite and is cut like any other.
+float toSingle(double value)
+{
+    constexpr double kLargest = std::numeric_limits<float>::max();
+    if (std::isnan(value)) {
+        return std::numeric_limits<float>::quiet_NaN();
+    }
+    return static_cast<float>(std::clamp(value, -kLargest, kLargest));
+}
+
+bool finite(const ScreenPoint& point)
+{
+    return std::isfinite(point.X) && std::isfinite(point.Y);
+}
+
+std::int32_t clampedWidth(std::int32_t width)
+{
+    return std::clamp(width, 0, kMaximumWidth);
+}
+
+// One side of the guard rectangle for clipping a ring: a point is kept when
+// its coordinate on the axis lies on the inner side of the limit.
+struct Edge {
+    bool vertical;
+    double limit;
+    bool keepBelow;
+
+    double coordinate(const QPointF& point) const { return vertical ? point.x() : point.y(); }
+    bool keeps(const QPointF& point) const
+    {
+        return keepBelow ? coordinate(point) <= limit : coordinate(point) >= limit;
+    }
+    QPointF crossing(const QPointF& from, const QPointF& to) const
+    {
+        const double t = (limit - coordinate(from)) / (coordinate(to) - coordinate(from));
+        return from + (to - from) * t;
+    }
+};
+
+} // namespace
+
+QtMapCanvas::QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& palette)
+    : painter_(&picture), view_(view), palette_(palette), picture_(0, 0, picture.width(), picture.height())
+{
+    setMargin(lineWidth_);
+}
+
+Qt::PenStyle QtMapCanvas::penStyle(std::int32_t DrawStyle)
+{
+    switch (DrawStyle) {
+    case 1: return Qt::DashLine;
+    case 2: return Qt::DotLine;
+    case 3: return Qt::DashDotLine;
+    case 4: return Qt::DashDotDotLine;
+    case 5: return Qt::NoPen;
+    default: return Qt::SolidLine;
+    }
+}
+
+Qt::BrushStyle QtMapCanvas::brushStyle(std::int32_t FillStyle)
+{
+    switch (FillStyle) {
+    case 0: return Qt::SolidPattern;
+    case 2: return Qt::HorPattern;
+    case 3: return Qt::VerPattern;
+    case 4: return Qt::FDiagPattern;
+    case 5: return Qt::BDiagPattern;
+    case 6: return Qt::CrossPattern;
+    case 7: return Qt::DiagCrossPattern;
+    default: return Qt::NoBrush;
+    }
+}
+
+void QtMapCanvas::ToScreen(std::span<const Vertex> vertices, std::vector<ScreenPoint>& screen) const
+{
+    screen.resize(vertices.size());
+    const MapPoint centre = view_.centre();
+    const double scale = view_.scale();
+    const double halfWidth = view_.width() / 2.0;
+    const double halfHeight = view_.height() / 2.0;
+    for (std::size_t k = 0; k < vertices.size(); ++k) {
+        MapPoint plane;
+        if (view_.project(vertices[k].X, vertices[k].Y, plane)) {
+            screen[k] = {toSingle((plane.x - centre.x) * scale + halfWidth),
+                         toSingle((centre.y - plane.y) * scale + halfHeight)};
+        } else {
+            screen[k] = {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::quiet_NaN()};
+        }
+    }
+}
+
+QColor QtMapCanvas::color(std::int32_t value) const
+{
+    return olecolor::toQColor(static_cast<std::uint32_t>(value), palette_);
+}
+
+void QtMapCanvas::setPen(std::int32_t color, std::int32_t style, std::int32_t width)
+{
+    const Qt::PenStyle qtStyle = penStyle(style);
+    const std::int32_t pixels = clampedWidth(width);
+    const std::uint64_t key = static_cast<std::uint32_t>(color) | (static_cast<std::uint64_t>(qtStyle) << 32) |
+                              (static_cast<std::uint64_t>(pixels) << 40);
+    if (key != penKey_) {
+        penKey_ = key;
+        pen_ = QPen(this->color(color), pixels, qtStyle, Qt::RoundCap, Qt::RoundJoin);
+        painter_.setPen(pen_);
+    }
+}
+
+void QtMapCanvas::setBrush(std::int32_t style, std::int32_t color)
+{
+    const Qt::BrushStyle qtStyle = brushStyle(style);
+    const std::uint64_t key = static_cast<std::uint32_t>(color) | (static_cast<std::uint64_t>(qtStyle) << 32);
+    if (key != brushKey_) {
+        brushKey_ = key;
+        brush_ = QBrush(this->color(color), qtStyle);
+        painter_.setBrush(brush_);
+    }
+}
+
+void QtMapCanvas::setMargin(std::int32_t width)
+{
+    const double margin = kMargin + clampedWidth(width);
+    guard_ = picture_.adjusted(-margin, -margin, margin, margin);
+}
+
+bool QtMapCanvas::inside(double x, double y) const
+{
+    return x >= guard_.left() && x <= guard_.right() && y >= guard_.top() && y <= guard_.bottom();
+}
+
+// Only called with points inside the guard, whose pixels fit an int.
+void QtMapCanvas::addPixel(double x, double y)
+{
+    const QPoint pixel(static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y)));
+    if (pixels_.empty() || pixels_.back() != pixel) {
+        pixels_.push_back(pixel);
+    }
+}
+
+void QtMapCanvas::DrawPoints(std::span<const ScreenPoint> points, const Theme& theme)
+{
+    if (theme.DrawStyle == 5) {
+        return;
+    }
+    lineWidth_ = theme.DrawWidth;
+    setPen(theme.DrawColor, 0, lineWidth_);
+    setMargin(lineWidth_);
+    pixels_.clear();
+    for (const ScreenPoint& point : points) {
+        if (finite(point) && inside(point.X, point.Y)) {
+            pixels_.emplace_back(static_cast<int>(std::lround(point.X)), static_cast<int>(std::lround(point.Y)));
+        }
+    }
+    painter_.drawPoints(pixels_.data(), static_cast<int>(pixels_.size()));
+}
+
+void QtMapCanvas::DrawPolyline(std::span<const ScreenPoint> points, const Theme& theme, bool setLineStyle)
+{
+    if (theme.DrawStyle == 5) {
+        return;
+    }
+    if (setLineStyle) {
+        lineStyle_ = theme.DrawStyle;
+    }
+    if (theme.DrawWidth != 0) {
+        lineWidth_ = theme.DrawWidth;
+    }
+    if (points.size() < 2) {
+        return;
+    }
+    setPen(theme.DrawColor, lineStyle_, lineWidth_);
+    setMargin(lineWidth_);
+    pixels_.clear();
+    for (std::size_t k = 1; k < points.size(); ++k) {
+        lineTo(points[k - 1], points[k]);
+    }
+    endRun();
+}
+
+// Adds the segment to the run of connected pixels, cut to the guard
+// (Liang-Barsky). A segment that leaves the guard, or a point that is not a
+// number, ends the run.
+void QtMapCanvas::lineTo(const ScreenPoint& from, const ScreenPoint& to)
+{
+    if (!finite(from) || !finite(to)) {
+        endRun();
+        return;
+    }
+    const double x0 = from.X;
+    const double y0 = from.Y;
+    if (inside(x0, y0) && inside(to.X, to.Y)) {
+        if (pixels_.empty()) {
+            addPixel(x0, y0);
+        }
+        addPixel(to.X, to.Y);
+        return;
+    }
+    const double dx = to.X - x0;
+    const double dy = to.Y - y0;
+    double enter = 0;
+    double leave = 1;
+    const std::array<std::pair<double, double>, 4> sides = {{{-dx, x0 - guard_.left()},
+                                                             {dx, guard_.right() - x0},
+                                                             {-dy, y0 - guard_.top()},
+                                                             {dy, guard_.bottom() - y0}}};
+    for (const auto& [p, q] : sides) {
+        if (p == 0) {
+            if (q < 0) {
+                endRun();
+                return;
+            }
+            continue;
+        }
+        const double t = q / p;
+        if (p < 0) {
+            enter = std::max(enter, t);
+        } else {
+            leave = std::min(leave, t);
+        }
+    }
+    if (enter > leave) {
+        endRun();
+        return;
+    }
+    if (enter > 0) {
+        endRun();
+    }
+    if (pixels_.empty()) {
+        addPixel(x0 + enter * dx, y0 + enter * dy);
+    }
+    addPixel(x0 + leave * dx, y0 + leave * dy);
+    if (leave < 1) {
+        endRun();
+    }
+}
+
+// A run whose segments all fall on one pixel shows as that pixel.
+void QtMapCanvas::endRun()
+{
+    if (pixels_.size() >= 2) {
+        painter_.drawPolyline(pixels_.data(), static_cast<int>(pixels_.size()));
+    } else if (pixels_.size() == 1) {
+        painter_.drawPoint(pixels_.front());
+    }
+    pixels_.clear();
+}
+
+void QtMapCanvas::DrawPolygon(std::span<const ScreenPoint> points, const Theme& theme)
+{
+    lineStyle_ = theme.DrawStyle;
+    lineWidth_ = theme.DrawWidth;
+    setBrush(theme.FillStyle, theme.FillColor);
+    setPen(theme.DrawColor, lineStyle_, lineWidth_);
+    setMargin(lineWidth_);
+    pixels_.clear();
+    const bool small = std::all_of(points.begin(), points.end(),
+                                   [this](const ScreenPoint& point) { return inside(point.X, point.Y); });
+    if (small) {
+        for (const ScreenPoint& point : points) {
+            addPixel(point.X, point.Y);
+        }
+    } else {
+        ring_.clear();
+        for (const ScreenPoint& point : points) {
+            if (finite(point)) {
+                ring_.emplace_back(point.X, point.Y);
+            }
+        }
+        clipRing();
+        for (const QPointF& point : ring_) {
+            addPixel(point.x(), point.y());
+        }
+    }
+    if (pixels_.size() > 2 && pixels_.front() == pixels_.back()) {
+        pixels_.pop_back();
+    }
+    if (pixels_.size() >= 2) {
+        painter_.drawPolygon(pixels_.data(), static_cast<int>(pixels_.size()), Qt::OddEvenFill);
+    } else if (pixels_.size() == 1) {
+        painter_.drawPoint(pixels_.front());
+    }
+}
+
+// Cuts ring_ to the guard, side by side (Sutherland-Hodgman). The cut runs
+// along the guard, outside the picture.
+void QtMapCanvas::clipRing()
+{
+    const std::array<Edge, 4> edges = {{{true, guard_.left(), false},
+                                        {true, guard_.right(), true},
+                                        {false, guard_.top(), false},
+                                        {false, guard_.bottom(), true}}};
+    for (const Edge& edge : edges) {
+        clipped_.clear();
+        for (std::size_t k = 0; k < ring_.size(); ++k) {
+            const QPointF& from = ring_[k == 0 ? ring_.size() - 1 : k - 1];
+            const QPointF& to = ring_[k];
+            const bool fromKept = edge.keeps(from);
+            const bool toKept = edge.keeps(to);
+            if (fromKept != toKept) {
+                clipped_.push_back(edge.crossing(from, to));
+            }
+            if (toKept) {
+                clipped_.push_back(to);
+            }
+        }
+        std::swap(ring_, clipped_);
+    }
+}
+
+// A white arrowhead with a black border: the sides drawn 5 pixels wide in
+// black, then the triangle filled white over their inner half.
+void QtMapCanvas::DrawDirectionMark(ScreenPoint from, ScreenPoint to, std::int16_t direction)
+{
+    const std::optional<DirectionMark> mark = DirectionMark::of(from, to, direction);
+    const QRectF reach = picture_.adjusted(-kMarkReach, -kMarkReach, kMarkReach, kMarkReach);
+    if (!mark || !reach.contains(mark->tip) || !reach.contains(mark->base1) || !reach.contains(mark->base2)) {
+        return;
+    }
+    setPen(kBlack, 0, kMarkBorderWidth);
+    painter_.drawLine(mark->tip, mark->base1);
+    painter_.drawLine(mark->tip, mark->base2);
+    painter_.drawLine(mark->base1, mark->base2);
+    lineStyle_ = 0;
+    lineWidth_ = 1;
+    setBrush(0, kWhite);
+    setPen(kWhite, lineStyle_, lineWidth_);
+    const std::array<QPoint, 3> triangle = {mark->tip.toPoint(), mark->base1.toPoint(), mark->base2.toPoint()};
+    painter_.drawPolygon(triangle.data(), static_cast<int>(triangle.size()));
+}
+
+} // namespace orbelan

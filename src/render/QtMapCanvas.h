@@ -1,0 +1,80 @@
+#pragma once
+
+#include "MapCanvas.h"
+#include "Viewport.h"
+
+#include <QBrush>
+#include <QImage>
+#include <QPainter>
+#include <QPalette>
+#include <QPen>
+#include <QPoint>
+#include <QPointF>
+#include <QRectF>
+
+#include <cstdint>
+#include <span>
+#include <vector>
+
+namespace orbelan {
+
+// The Viewer's drawing surface: the model's drawing members paint the
+// control's persistent picture through a QPainter, with the view's
+// transformation from geographic degrees to pixels.
+//
+// Pen styles 0 to 6 and fill styles 0 to 7 are the platform's pen and hatch
+// styles, which Qt has one for one (the inside-frame pen draws solid). Lines
+// are drawn without antialiasing in whole pixels: consecutive vertices on the
+// same pixel make one point, and geometry far outside the picture is cut at
+// a margin around it, so that every coordinate handed to the painter is
+// small. A point that is not a number breaks a line and is left out of a
+// polygon.
+//
+// The painter is open for the canvas's lifetime: make one per redraw.
+class QtMapCanvas : public MapCanvas {
+public:
+    QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& palette);
+
+    const BoundingBox& ViewBox() const override { return view_.viewBox(); }
+    void ToScreen(std::span<const Vertex> vertices, std::vector<ScreenPoint>& screen) const override;
+    void DrawPoints(std::span<const ScreenPoint> points, const Theme& theme) override;
+    void DrawPolyline(std::span<const ScreenPoint> points, const Theme& theme, bool setLineStyle) override;
+    void DrawPolygon(std::span<const ScreenPoint> points, const Theme& theme) override;
+    void DrawDirectionMark(ScreenPoint from, ScreenPoint to, std::int16_t direction) override;
+
+    // The Qt styles of the control's pen and fill style numbers.
+    static Qt::PenStyle penStyle(std::int32_t DrawStyle);
+    static Qt::BrushStyle brushStyle(std::int32_t FillStyle);
+
+private:
+    void setPen(std::int32_t color, std::int32_t style, std::int32_t width);
+    void setBrush(std::int32_t style, std::int32_t color);
+    QColor color(std::int32_t value) const;
+    void setMargin(std::int32_t width);
+    bool inside(double x, double y) const;
+    void addPixel(double x, double y);
+    void lineTo(const ScreenPoint& from, const ScreenPoint& to);
+    void endRun();
+    void clipRing();
+
+    QPainter painter_;
+    const Viewport& view_;
+    QPalette palette_;
+    QRectF picture_;
+    QRectF guard_;
+    // The surface's current line style and width.
+    std::int32_t lineStyle_ = 0;
+    std::int32_t lineWidth_ = 1;
+    // What the painter holds, so that it is changed only when a class differs.
+    QPen pen_;
+    QBrush brush_;
+    std::uint64_t penKey_ = ~std::uint64_t{0};
+    std::uint64_t brushKey_ = ~std::uint64_t{0};
+    // Work space kept from one primitive to the next.
+    std::vector<QPoint> pixels_;
+    std::vector<QPointF> ring_;
+    std::vector<QPointF> clipped_;
+    bool lineDrawn_ = false;
+};
+
+} // namespace orbelan
