@@ -58,12 +58,38 @@ struct Edge {
     {
         return keepBelow ? coordinate(point) <= limit : coordinate(point) >= limit;
     }
-    QPointF crossing(const QPointF& from, const QPointF& to) const
+    // Measured from the kept end, which is the nearer one to the picture:
+    // from a far end the small difference would be lost.
+    QPointF crossing(const QPointF& kept, const QPointF& dropped) const
     {
-        const double t = (limit - coordinate(from)) / (coordinate(to) - coordinate(from));
-        return from + (to - from) * t;
+        const double t = (limit - coordinate(kept)) / (coordinate(dropped) - coordinate(kept));
+        return kept + (dropped - kept) * t;
     }
 };
+
+// The part of the segment from a to b inside the rectangle, as parameters
+// along it from a (Liang-Barsky); enter > leave when it misses.
+std::pair<double, double> passage(const QRectF& area, double ax, double ay, double bx, double by)
+{
+    const double dx = bx - ax;
+    const double dy = by - ay;
+    double enter = 0;
+    double leave = 1;
+    const std::array<std::pair<double, double>, 4> sides = {
+        {{-dx, ax - area.left()}, {dx, area.right() - ax}, {-dy, ay - area.top()}, {dy, area.bottom() - ay}}};
+    for (const auto& [p, q] : sides) {
+        if (p == 0) {
+            if (q < 0) {
+                return {1, 0};
+            }
+        } else if (p < 0) {
+            enter = std::max(enter, q / p);
+        } else {
+            leave = std::min(leave, q / p);
+        }
+    }
+    return {enter, leave};
+}
 
 } // namespace
 
@@ -157,6 +183,13 @@ bool QtMapCanvas::inside(double x, double y) const
     return x >= guard_.left() && x <= guard_.right() && y >= guard_.top() && y <= guard_.bottom();
 }
 
+// A point cut to the guard may miss it by a rounding error.
+void QtMapCanvas::addClampedPixel(const QPointF& point)
+{
+    addPixel(std::clamp(point.x(), guard_.left(), guard_.right()),
+             std::clamp(point.y(), guard_.top(), guard_.bottom()));
+}
+
 // Only called with points inside the guard, whose pixels fit an int.
 void QtMapCanvas::addPixel(double x, double y)
 {
@@ -215,49 +248,32 @@ void QtMapCanvas::lineTo(const ScreenPoint& from, const ScreenPoint& to)
         endRun();
         return;
     }
-    const double x0 = from.X;
-    const double y0 = from.Y;
-    if (inside(x0, y0) && inside(to.X, to.Y)) {
+    if (inside(from.X, from.Y) && inside(to.X, to.Y)) {
         if (pixels_.empty()) {
-            addPixel(x0, y0);
+            addPixel(from.X, from.Y);
         }
         addPixel(to.X, to.Y);
         return;
     }
-    const double dx = to.X - x0;
-    const double dy = to.Y - y0;
-    double enter = 0;
-    double leave = 1;
-    const std::array<std::pair<double, double>, 4> sides = {{{-dx, x0 - guard_.left()},
-                                                             {dx, guard_.right() - x0},
-                                                             {-dy, y0 - guard_.top()},
-                                                             {dy, guard_.bottom() - y0}}};
-    for (const auto& [p, q] : sides) {
-        if (p == 0) {
-            if (q < 0) {
-                endRun();
-                return;
-            }
-            continue;
-        }
-        const double t = q / p;
-        if (p < 0) {
-            enter = std::max(enter, t);
-        } else {
-            leave = std::min(leave, t);
-        }
-    }
+    const auto [enter, leave] = passage(guard_, from.X, from.Y, to.X, to.Y);
     if (enter > leave) {
         endRun();
         return;
     }
+    // Each end of the visible part is found from the nearer end of the
+    // segment, the other one may be very far.
+    const auto [backEnter, backLeave] = passage(guard_, to.X, to.Y, from.X, from.Y);
+    const QPointF a(from.X, from.Y);
+    const QPointF b(to.X, to.Y);
+    const QPointF first = enter <= 0.5 ? a + (b - a) * enter : b + (a - b) * backLeave;
+    const QPointF last = leave >= 0.5 ? b + (a - b) * backEnter : a + (b - a) * leave;
     if (enter > 0) {
         endRun();
     }
     if (pixels_.empty()) {
-        addPixel(x0 + enter * dx, y0 + enter * dy);
+        addClampedPixel(first);
     }
-    addPixel(x0 + leave * dx, y0 + leave * dy);
+    addClampedPixel(last);
     if (leave < 1) {
         endRun();
     }
@@ -297,7 +313,7 @@ void QtMapCanvas::DrawPolygon(std::span<const ScreenPoint> points, const Theme& 
         }
         clipRing();
         for (const QPointF& point : ring_) {
-            addPixel(point.x(), point.y());
+            addClampedPixel(point);
         }
     }
     if (pixels_.size() > 2 && pixels_.front() == pixels_.back()) {
@@ -326,7 +342,7 @@ void QtMapCanvas::clipRing()
             const bool fromKept = edge.keeps(from);
             const bool toKept = edge.keeps(to);
             if (fromKept != toKept) {
-                clipped_.push_back(edge.crossing(from, to));
+                clipped_.push_back(fromKept ? edge.crossing(from, to) : edge.crossing(to, from));
             }
             if (toKept) {
                 clipped_.push_back(to);

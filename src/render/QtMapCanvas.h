@@ -53,6 +53,7 @@ private:
     void setMargin(std::int32_t width);
     bool inside(double x, double y) const;
     void addPixel(double x, double y);
+    void addClampedPixel(const QPointF& point);
     void lineTo(const ScreenPoint& from, const ScreenPoint& to);
     void endRun();
     void clipRing();

@@ -1,4 +1,5 @@
 #include "Entidad.h"
+#include "RecordingCanvas.h"
 #include "layer.h"
 
 #include <gtest/gtest.h>
@@ -118,6 +119,27 @@ TEST(EntidadNearest, PolygonsWrapAroundAndLinesDoNot)
     const orbelan::SegmentMatch line = Owned(orbelan::polylinelayer, ring).entity->GetNearestSegment(0.5, 1);
     EXPECT_EQ(line.distance, 1);
     EXPECT_EQ(line.to, (Vertex{4, 0}));
+}
+
+TEST(EntidadDrawing, DrawingAgainWithoutScreenPointsProjectsForTheCurrentView)
+{
+    Owned point(orbelan::pointlayer, {{1, 2}, {3, 4}});
+    point.owner.ThematicMap().Add(0, 4, 0xFF, 0, 0, "MICanyMIC", "");
+    Entidad& entity = *point.entity;
+    RecordingCanvas canvas;
+    canvas.view.Union(0, 0, 10, 10);
+    entity.DrawWOCalc(canvas, point.owner.Tipo);
+    ASSERT_EQ(canvas.calls.size(), 1u);
+    EXPECT_EQ(canvas.calls[0].kind, RecordingCanvas::Points);
+    EXPECT_EQ(canvas.calls[0].theme.DrawWidth, 4);
+    EXPECT_EQ(entity.ScreenPoints().size(), 2u);
+    EXPECT_EQ(entity.ScreenPoints()[1], (orbelan::ScreenPoint{3, -4}));
+
+    canvas.view = {};
+    canvas.view.Union(20, 20, 30, 30);
+    EXPECT_FALSE(entity.Draw(canvas.view, canvas, point.owner.Tipo));
+    EXPECT_TRUE(entity.ScreenPoints().empty());
+    EXPECT_FALSE(entity.Draw(canvas.view, canvas, orbelan::ImageLayer));
 }
 
 } // namespace

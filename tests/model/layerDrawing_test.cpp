@@ -1,0 +1,193 @@
+#include "FakeViewer.h"
+#include "RecordingCanvas.h"
+#include "layer.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using orbelan::BoundingBox;
+using orbelan::layer;
+using orbelan::Theme;
+using orbelan::Vertex;
+
+namespace {
+
+using IDs = std::vector<std::int32_t>;
+
+BoundingBox box(double west, double south, double east, double north)
+{
+    BoundingBox b;
+    b.Union(west, south, east, north);
+    return b;
+}
+
+// A visible line layer whose entity k runs from (k, 0) to (k, 1), drawn for
+// a view from 0 to 10 east.
+class layerDrawing : public ::testing::Test {
+protected:
+    layerDrawing()
+    {
+        map.parentMap = &viewer;
+        map.Tipo = orbelan::polylinelayer;
+        map.AccessLevel = orbelan::ALViewer;
+        map.setUserVisibility(2);
+        map.ThematicMap().Add(0, 1, 0xFF0000, 0xC0C000, 0, "MICanyMIC", "");
+    }
+
+    orbelan::Entidad& add(std::int32_t id, double x)
+    {
+        const std::vector<Vertex> line = {{x, 0}, {x, 1}};
+        return map.Entidades.AddEntity(id, line, map);
+    }
+
+    IDs redraw()
+    {
+        canvas.calls.clear();
+        map.Redraw(view, canvas);
+        return canvas.drawnFirstX();
+    }
+
+    FakeViewer viewer;
+    layer map;
+    RecordingCanvas canvas;
+    BoundingBox view = box(0, -1, 10, 2);
+};
+
+TEST_F(layerDrawing, ArrivalsAreDrawnOverWhatIsOnScreenThenTheNextRedrawIsComplete)
+{
+    add(1, 1);
+    add(2, 2);
+    EXPECT_EQ(redraw(), (IDs{1, 2}));
+    add(3, 3);
+    EXPECT_EQ(redraw(), (IDs{1, 2, 3}));
+    // Drawn before: from stored points, keeping the surface's line style.
+    EXPECT_FALSE(canvas.calls[0].setLineStyle);
+    EXPECT_FALSE(canvas.calls[1].setLineStyle);
+    EXPECT_TRUE(canvas.calls[2].setLineStyle);
+    EXPECT_EQ(map.DrawnIDs(), (IDs{1, 2, 3}));
+
+    EXPECT_EQ(redraw(), (IDs{1, 2, 3}));
+    for (const RecordingCanvas::Call& call : canvas.calls) {
+        EXPECT_TRUE(call.setLineStyle);
+    }
+    EXPECT_EQ(map.DrawnIDs(), (IDs{1, 2, 3}));
+}
+
+TEST_F(layerDrawing, OnlyEntitiesTheViewMeetsAreDrawnAndListed)
+{
+    orbelan::Entidad& outside = add(1, 20);
+    add(2, 2);
+    redraw();
+    EXPECT_EQ(redraw(), (IDs{2}));
+    EXPECT_EQ(map.DrawnIDs(), (IDs{2}));
+    EXPECT_TRUE(outside.ScreenPoints().empty());
+}
+
+TEST_F(layerDrawing, AHiddenOrMissedLayerEmptiesDrawnIDs)
+{
+    add(1, 1);
+    redraw();
+    map.setUserVisibility(0);
+    EXPECT_TRUE(redraw().empty());
+    EXPECT_FALSE(map.Visible);
+    EXPECT_TRUE(map.DrawnIDs().empty());
+
+    map.setUserVisibility(2);
+    redraw();
+    view = box(50, 50, 60, 60);
+    EXPECT_TRUE(redraw().empty());
+    EXPECT_TRUE(map.DrawnIDs().empty());
+}
+
+TEST_F(layerDrawing, RedrawWOCalcDrawsTheListAgainAndLeavesIt)
+{
+    add(1, 1);
+    redraw();
+    add(2, 2); // arrived, but only a Redraw takes it
+    canvas.calls.clear();
+    map.RedrawWOCalc(view, canvas);
+    EXPECT_EQ(canvas.drawnFirstX(), (IDs{1}));
+    EXPECT_FALSE(canvas.calls[0].setLineStyle);
+    EXPECT_EQ(map.DrawnIDs(), (IDs{1}));
+}
+
+TEST_F(layerDrawing, ClassesAreComputedOnceAfterTheyChange)
+{
+    map.ThematicType = 1;
+    map.ThematicFieldType = 3;
+    map.ThematicMap().Add(1, 2, 0x00FF00, 0, 0, "0", "10");
+    add(1, 1).ThemeValue = "5";
+    add(2, 2).ThemeValue = "50";
+    redraw();
+    redraw();
+    EXPECT_EQ(canvas.calls[0].theme.DrawColor, 0x00FF00);
+    EXPECT_EQ(canvas.calls[1].theme.DrawColor, 0xFF0000);
+    EXPECT_FALSE(map.CalculateThemes);
+
+    map.Entidades.Find(2)->ThemeValue = "7";
+    redraw();
+    EXPECT_EQ(canvas.calls[1].theme.DrawColor, 0xFF0000);
+    map.CalculateThemes = true;
+    redraw();
+    EXPECT_EQ(canvas.calls[1].theme.DrawColor, 0x00FF00);
+}
+
+TEST_F(layerDrawing, WithoutThemesEveryEntityIsInTheDefaultClassWithValueZero)
+{
+    orbelan::Entidad& entity = add(1, 1);
+    entity.ThemeValue = "x";
+    redraw();
+    EXPECT_EQ(entity.ThemeValue, "0");
+    EXPECT_EQ(entity.ThemeCode, 1);
+}
+
+TEST_F(layerDrawing, AHighlightIsRedAtTwiceTheClassWidthFilledSolid)
+{
+    map.Tipo = orbelan::polygonlayer;
+    map.ThematicMap().Add(3, 3, 0x00FF00, 0x0000FF, 6, "a", "");
+    const std::vector<Vertex> square = {{1, 0}, {2, 0}, {2, 1}};
+    map.Entidades.AddEntity(1, square, map).ThemeCode = 2;
+    map.resaltar(1, view, canvas);
+    map.resaltar(99, view, canvas);
+    ASSERT_EQ(canvas.calls.size(), 1u);
+    const Theme& highlight = canvas.calls[0].theme;
+    EXPECT_EQ(canvas.calls[0].kind, RecordingCanvas::Polygon);
+    EXPECT_EQ(highlight.DrawColor, 255);
+    EXPECT_EQ(highlight.DrawWidth, 6);
+    EXPECT_EQ(highlight.DrawStyle, 0);
+    EXPECT_EQ(highlight.FillStyle, 0);
+    EXPECT_EQ(highlight.FillColor, 0xC0C000);
+
+    map.DefaultTheme()->DrawWidth = 0;
+    map.resaltar(1, view, canvas);
+    EXPECT_EQ(canvas.calls[1].theme.DrawWidth, 1);
+}
+
+TEST_F(layerDrawing, DirectionMarksFollowTheDrawnLinesOfALoadedLayer)
+{
+    map.setUserDirectionVisibility(2);
+    const std::vector<Vertex> line = {{1, 0}, {2, 0}, {3, 1}};
+    map.Entidades.AddEntity(1, line, map).Direction = -1;
+    add(2, 2).Direction = 0;
+    add(3, 30).Direction = 1; // outside the view, so not drawn
+    redraw();
+    canvas.calls.clear();
+    map.DrawDirections(view, canvas);
+    EXPECT_TRUE(canvas.calls.empty()); // not loaded yet
+
+    map.Loaded = true;
+    map.DrawDirections(view, canvas);
+    ASSERT_EQ(canvas.calls.size(), 2u);
+    EXPECT_EQ(canvas.calls[1].kind, RecordingCanvas::DirectionMark);
+    EXPECT_EQ(canvas.calls[1].points, (std::vector<orbelan::ScreenPoint>{{2, 0}, {3, -1}}));
+    EXPECT_EQ(canvas.calls[1].direction, -1);
+
+    map.setUserVisibility(0);
+    redraw();
+    canvas.calls.clear();
+    map.DrawDirections(view, canvas);
+    EXPECT_TRUE(canvas.calls.empty());
+}
+
+} // namespace
