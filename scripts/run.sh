@@ -16,6 +16,11 @@ cmake --build build
 store=build/demo.sqlite
 port=10010
 if [[ ! -f "$store" ]]; then
+  # The United States and World maps come from npm data packages.
+  if ! command -v npm >/dev/null && [[ $(id -u) -eq 0 ]]; then
+    DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends npm ||
+      echo "npm could not be installed: the demo is built without the United States and World maps." >&2
+  fi
   build/bin/orbelan-server demo --db "$store"
 fi
 
