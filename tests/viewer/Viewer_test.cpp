@@ -89,6 +89,23 @@ protected:
         viewer.setPort(port);
     }
 
+    // Shows the control against a listener and returns the server's end of
+    // the connection once the access request has come through it.
+    std::unique_ptr<QTcpSocket> showConnected()
+    {
+        if (!server.listen(QHostAddress::LocalHost)) {
+            return nullptr;
+        }
+        pointAt(server.serverPort());
+        viewer.show();
+        std::unique_ptr<QTcpSocket> peer(server.nextPendingConnection());
+        if (!peer || readExactly(*peer, 18).size() != 18) {
+            return nullptr;
+        }
+        return peer;
+    }
+
+    QTcpServer server;
     ScriptedUiServices ui;
     Viewer viewer;
 };
@@ -200,7 +217,6 @@ TEST_F(ViewerTest, APortOutsideTheTcpRangeIsRefused)
 
 TEST_F(ViewerTest, ADesignedControlNeverConnects)
 {
-    QTcpServer server;
     ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
     pointAt(server.serverPort());
     viewer.setUserMode(false);
@@ -212,7 +228,6 @@ TEST_F(ViewerTest, ADesignedControlNeverConnects)
 
 TEST_F(ViewerTest, TheFirstShowAsksForAccessToTheMapOnce)
 {
-    QTcpServer server;
     ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
     pointAt(server.serverPort());
     viewer.setIDUser(7);
@@ -236,13 +251,8 @@ TEST_F(ViewerTest, TheFirstShowAsksForAccessToTheMapOnce)
 
 TEST_F(ViewerTest, TheLastAwaitedReplyRedrawsTheMapOnce)
 {
-    QTcpServer server;
-    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
-    pointAt(server.serverPort());
-    viewer.show();
-    ASSERT_TRUE(server.hasPendingConnections());
-    std::unique_ptr<QTcpSocket> peer(server.nextPendingConnection());
-    ASSERT_EQ(readExactly(*peer, 18).size(), 18);
+    std::unique_ptr<QTcpSocket> peer = showConnected();
+    ASSERT_TRUE(peer);
 
     QSignalSpy redrawn(&viewer, &Viewer::MapRedrawn);
     const QByteArray accessAnswer("MIC \x0C\0\0\0\x6E\0\0\0", 12);
@@ -308,13 +318,8 @@ std::vector<orbelan::DWBUffer> receivedMessages(QTcpSocket& peer)
 
 TEST_F(ViewerTest, TheCellsOfTheViewAreRequestedOnce)
 {
-    QTcpServer server;
-    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
-    pointAt(server.serverPort());
-    viewer.show();
-    ASSERT_TRUE(server.hasPendingConnections());
-    std::unique_ptr<QTcpSocket> peer(server.nextPendingConnection());
-    ASSERT_EQ(readExactly(*peer, 18).size(), 18);
+    std::unique_ptr<QTcpSocket> peer = showConnected();
+    ASSERT_TRUE(peer);
 
     layer& streets = viewer.Layers().AddLayer("Calles", 5, polylinelayer, viewer);
     streets.GridDeltaX = 1;

@@ -30,7 +30,17 @@ public:
     virtual void click(const MapMouseEvent&) {}
 
 protected:
+    // Where a drag began and ended, in degrees.
+    struct GeographicDrag {
+        bool known = false; // false when either end has no geographic position
+        double pressedLon = 0;
+        double pressedLat = 0;
+        double releasedLon = 0;
+        double releasedLat = 0;
+    };
+
     Viewer& viewer() const { return viewer_; }
+    GeographicDrag dragEndingAt(const MapMouseEvent& release) const;
 
 private:
     Viewer& viewer_;

@@ -19,22 +19,16 @@ void PanTool::move(const MapMouseEvent& event)
 bool PanTool::release(const MapMouseEvent& event)
 {
     viewer().setPanOffset({});
-    double pressedLon = 0;
-    double pressedLat = 0;
-    double releasedLon = 0;
-    double releasedLat = 0;
-    const Viewport& view = viewer().viewport();
-    const bool known = view.unproject(viewer().pressedPoint(), pressedLon, pressedLat) &&
-                       view.unproject(event.map, releasedLon, releasedLat);
-    const bool moved = known && (pressedLon != releasedLon || pressedLat != releasedLat);
+    const GeographicDrag drag = dragEndingAt(event);
+    const bool moved = drag.known && (drag.pressedLon != drag.releasedLon || drag.pressedLat != drag.releasedLat);
     viewer().finishNavigation(Viewer::PanToolNumber, moved);
     if (!moved) {
         viewer().Redraw();
         return false;
     }
-    const BoundingBox& box = view.viewBox();
-    const double dx = pressedLon - releasedLon;
-    const double dy = pressedLat - releasedLat;
+    const BoundingBox& box = viewer().viewport().viewBox();
+    const double dx = drag.pressedLon - drag.releasedLon;
+    const double dy = drag.pressedLat - drag.releasedLat;
     viewer().SetView(box.MinX + dx, box.MinY + dy, box.MaxX + dx, box.MaxY + dy);
     return false;
 }

@@ -20,20 +20,14 @@ void ZoomWindowTool::move(const MapMouseEvent& event)
 bool ZoomWindowTool::release(const MapMouseEvent& event)
 {
     viewer().hideRubberBand();
-    double pressedLon = 0;
-    double pressedLat = 0;
-    double releasedLon = 0;
-    double releasedLat = 0;
-    const Viewport& view = viewer().viewport();
-    const bool known = view.unproject(viewer().pressedPoint(), pressedLon, pressedLat) &&
-                       view.unproject(event.map, releasedLon, releasedLat);
-    const bool window = known && pressedLon != releasedLon && pressedLat != releasedLat;
+    const GeographicDrag drag = dragEndingAt(event);
+    const bool window = drag.known && drag.pressedLon != drag.releasedLon && drag.pressedLat != drag.releasedLat;
     viewer().finishNavigation(Viewer::ZoomWindowToolNumber, window);
     if (!window) {
         viewer().Redraw();
         return false;
     }
-    viewer().SetView(pressedLon, pressedLat, releasedLon, releasedLat);
+    viewer().SetView(drag.pressedLon, drag.pressedLat, drag.releasedLon, drag.releasedLat);
     return true;
 }
 
