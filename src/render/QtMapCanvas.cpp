@@ -24,6 +24,8 @@ constexpr double kMarkReach = 64;
 constexpr std::int32_t kBlack = 0x000000;
 constexpr std::int32_t kWhite = 0xFFFFFF;
 constexpr std::int32_t kMarkBorderWidth = 5;
+// Segments of one pen are handed to the painter in batches of this many.
+constexpr std::size_t kBatch = 4096;
 
 // A screen coordinate as a Single: the nearest one, so that a point far
 // outside the view stays finite and is cut like any other.
@@ -34,6 +36,20 @@ float toSingle(double value)
         return std::numeric_limits<float>::quiet_NaN();
     }
     return static_cast<float>(std::clamp(value, -kLargest, kLargest));
+}
+
+// The nearest whole pixel, halves away from zero, for a coordinate inside
+// the guard.
+int pixelOf(double value)
+{
+    int whole = static_cast<int>(value);
+    const double rest = value - whole;
+    if (rest >= 0.5) {
+        ++whole;
+    } else if (rest <= -0.5) {
+        --whole;
+    }
+    return whole;
 }
 
 bool finite(const ScreenPoint& point)
@@ -94,9 +110,16 @@ std::pair<double, double> passage(const QRectF& area, double ax, double ay, doub
 } // namespace
 
 QtMapCanvas::QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& palette)
-    : painter_(&picture), view_(view), palette_(palette), picture_(0, 0, picture.width(), picture.height())
+    : thin_(picture), view_(view), palette_(palette), picture_(0, 0, picture.width(), picture.height())
 {
+    // The pixels are taken before the painter opens: it paints on the same.
+    painter_.begin(&picture);
     setMargin(lineWidth_);
+}
+
+QtMapCanvas::~QtMapCanvas()
+{
+    flushLines();
 }
 
 Qt::PenStyle QtMapCanvas::penStyle(std::int32_t DrawStyle)
@@ -155,9 +178,14 @@ void QtMapCanvas::setPen(std::int32_t color, std::int32_t style, std::int32_t wi
     const std::uint64_t key = static_cast<std::uint32_t>(color) | (static_cast<std::uint64_t>(qtStyle) << 32) |
                               (static_cast<std::uint64_t>(pixels) << 40);
     if (key != penKey_) {
+        flushLines();
         penKey_ = key;
-        pen_ = QPen(this->color(color), pixels, qtStyle, Qt::RoundCap, Qt::RoundJoin);
+        const QColor penColor = this->color(color);
+        pen_ = QPen(penColor, pixels, qtStyle, Qt::RoundCap, Qt::RoundJoin);
         painter_.setPen(pen_);
+        painterPenOff_ = false;
+        thinPen_ = thin_.usable() && pixels <= 1 && qtStyle == Qt::SolidLine && penColor.alpha() == 255;
+        thin_.setColor(penColor.rgba());
     }
 }
 
@@ -193,7 +221,7 @@ void QtMapCanvas::addClampedPixel(const QPointF& point)
 // Only called with points inside the guard, whose pixels fit an int.
 void QtMapCanvas::addPixel(double x, double y)
 {
-    const QPoint pixel(static_cast<int>(std::lround(x)), static_cast<int>(std::lround(y)));
+    const QPoint pixel(pixelOf(x), pixelOf(y));
     if (pixels_.empty() || pixels_.back() != pixel) {
         pixels_.push_back(pixel);
     }
@@ -207,10 +235,12 @@ void QtMapCanvas::DrawPoints(std::span<const ScreenPoint> points, const Theme& t
     lineWidth_ = theme.DrawWidth;
     setPen(theme.DrawColor, 0, lineWidth_);
     setMargin(lineWidth_);
+    flushLines();
+    restorePainterPen();
     pixels_.clear();
     for (const ScreenPoint& point : points) {
         if (finite(point) && inside(point.X, point.Y)) {
-            pixels_.emplace_back(static_cast<int>(std::lround(point.X)), static_cast<int>(std::lround(point.Y)));
+            pixels_.emplace_back(pixelOf(point.X), pixelOf(point.Y));
         }
     }
     painter_.drawPoints(pixels_.data(), static_cast<int>(pixels_.size()));
@@ -279,19 +309,53 @@ void QtMapCanvas::lineTo(const ScreenPoint& from, const ScreenPoint& to)
     }
 }
 
-// A run whose segments all fall on one pixel shows as that pixel.
+// The run's segments join the batch of the current pen; a run whose
+// segments all fall on one pixel shows as that pixel.
 void QtMapCanvas::endRun()
 {
-    if (pixels_.size() >= 2) {
-        painter_.drawPolyline(pixels_.data(), static_cast<int>(pixels_.size()));
-    } else if (pixels_.size() == 1) {
-        painter_.drawPoint(pixels_.front());
+    if (thinPen_) {
+        if (pixels_.size() == 1) {
+            thin_.dot(pixels_.front());
+        }
+        for (std::size_t k = 1; k < pixels_.size(); ++k) {
+            thin_.line(pixels_[k - 1], pixels_[k]);
+        }
+        pixels_.clear();
+        return;
+    }
+    if (pixels_.size() == 1) {
+        dots_.push_back(pixels_.front());
+    }
+    for (std::size_t k = 1; k < pixels_.size(); ++k) {
+        lines_.emplace_back(pixels_[k - 1], pixels_[k]);
     }
     pixels_.clear();
+    if (lines_.size() >= kBatch) {
+        flushLines();
+    }
+}
+
+// Everything else is drawn over the lines batched before it, so it draws
+// them first.
+void QtMapCanvas::flushLines()
+{
+    if (lines_.empty() && dots_.empty()) {
+        return;
+    }
+    restorePainterPen();
+    if (!lines_.empty()) {
+        painter_.drawLines(lines_.data(), static_cast<int>(lines_.size()));
+        lines_.clear();
+    }
+    if (!dots_.empty()) {
+        painter_.drawPoints(dots_.data(), static_cast<int>(dots_.size()));
+        dots_.clear();
+    }
 }
 
 void QtMapCanvas::DrawPolygon(std::span<const ScreenPoint> points, const Theme& theme)
 {
+    flushLines();
     lineStyle_ = theme.DrawStyle;
     lineWidth_ = theme.DrawWidth;
     setBrush(theme.FillStyle, theme.FillColor);
@@ -320,9 +384,39 @@ void QtMapCanvas::DrawPolygon(std::span<const ScreenPoint> points, const Theme& 
         pixels_.pop_back();
     }
     if (pixels_.size() >= 2) {
-        painter_.drawPolygon(pixels_.data(), static_cast<int>(pixels_.size()), Qt::OddEvenFill);
+        fillAndOutline();
     } else if (pixels_.size() == 1) {
+        restorePainterPen();
         painter_.drawPoint(pixels_.front());
+    }
+}
+
+// A thin solid outline is set by thin_ around a fill drawn without pen.
+void QtMapCanvas::fillAndOutline()
+{
+    const int count = static_cast<int>(pixels_.size());
+    if (!thinPen_) {
+        restorePainterPen();
+        painter_.drawPolygon(pixels_.data(), count, Qt::OddEvenFill);
+        return;
+    }
+    if (!painterPenOff_) {
+        painter_.setPen(Qt::NoPen);
+        painterPenOff_ = true;
+    }
+    if (brush_.style() != Qt::NoBrush) {
+        painter_.drawPolygon(pixels_.data(), count, Qt::OddEvenFill);
+    }
+    for (std::size_t k = 0; k < pixels_.size(); ++k) {
+        thin_.line(pixels_[k == 0 ? pixels_.size() - 1 : k - 1], pixels_[k]);
+    }
+}
+
+void QtMapCanvas::restorePainterPen()
+{
+    if (painterPenOff_) {
+        painter_.setPen(pen_);
+        painterPenOff_ = false;
     }
 }
 
@@ -361,7 +455,9 @@ void QtMapCanvas::DrawDirectionMark(ScreenPoint from, ScreenPoint to, std::int16
     if (!mark || !reach.contains(mark->tip) || !reach.contains(mark->base1) || !reach.contains(mark->base2)) {
         return;
     }
+    flushLines();
     setPen(kBlack, 0, kMarkBorderWidth);
+    restorePainterPen();
     painter_.drawLine(mark->tip, mark->base1);
     painter_.drawLine(mark->tip, mark->base2);
     painter_.drawLine(mark->base1, mark->base2);
@@ -369,6 +465,7 @@ void QtMapCanvas::DrawDirectionMark(ScreenPoint from, ScreenPoint to, std::int16
     lineWidth_ = 1;
     setBrush(0, kWhite);
     setPen(kWhite, lineStyle_, lineWidth_);
+    restorePainterPen();
     const std::array<QPoint, 3> triangle = {mark->tip.toPoint(), mark->base1.toPoint(), mark->base2.toPoint()};
     painter_.drawPolygon(triangle.data(), static_cast<int>(triangle.size()));
 }

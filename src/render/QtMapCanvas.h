@@ -1,10 +1,12 @@
 #pragma once
 
 #include "MapCanvas.h"
+#include "PixelLines.h"
 #include "Viewport.h"
 
 #include <QBrush>
 #include <QImage>
+#include <QLine>
 #include <QPainter>
 #include <QPalette>
 #include <QPen>
@@ -24,16 +26,21 @@ namespace orbelan {
 //
 // Pen styles 0 to 6 and fill styles 0 to 7 are the platform's pen and hatch
 // styles, which Qt has one for one (the inside-frame pen draws solid). Lines
-// are drawn without antialiasing in whole pixels: consecutive vertices on the
-// same pixel make one point, and geometry far outside the picture is cut at
+// are drawn without antialiasing in whole pixels, segment by segment, and
+// consecutive vertices on the same pixel make one point, and geometry far outside the picture is cut at
 // a margin around it, so that every coordinate handed to the painter is
 // small. A point that is not a number breaks a line and is left out of a
 // polygon.
 //
-// The painter is open for the canvas's lifetime: make one per redraw.
+// The painter is open for the canvas's lifetime, and lines of one pen are
+// handed to it in batches: the picture is complete once the canvas is gone.
+// Make one per redraw.
 class QtMapCanvas : public MapCanvas {
 public:
     QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& palette);
+    ~QtMapCanvas() override;
+    QtMapCanvas(const QtMapCanvas&) = delete;
+    QtMapCanvas& operator=(const QtMapCanvas&) = delete;
 
     const BoundingBox& ViewBox() const override { return view_.viewBox(); }
     void ToScreen(std::span<const Vertex> vertices, std::vector<ScreenPoint>& screen) const override;
@@ -56,8 +63,12 @@ private:
     void addClampedPixel(const QPointF& point);
     void lineTo(const ScreenPoint& from, const ScreenPoint& to);
     void endRun();
+    void flushLines();
+    void fillAndOutline();
+    void restorePainterPen();
     void clipRing();
 
+    PixelLines thin_;
     QPainter painter_;
     const Viewport& view_;
     QPalette palette_;
@@ -71,10 +82,17 @@ private:
     QBrush brush_;
     std::uint64_t penKey_ = ~std::uint64_t{0};
     std::uint64_t brushKey_ = ~std::uint64_t{0};
+    // The pen is one pixel, solid and opaque: lines are set by thin_.
+    bool thinPen_ = false;
+    // The painter holds no pen while it fills what thin_ outlines.
+    bool painterPenOff_ = false;
     // Work space kept from one primitive to the next.
     std::vector<QPoint> pixels_;
     std::vector<QPointF> ring_;
     std::vector<QPointF> clipped_;
+    // Line segments and single-pixel runs not yet drawn, all in the current pen.
+    std::vector<QLine> lines_;
+    std::vector<QPoint> dots_;
     bool lineDrawn_ = false;
 };
 

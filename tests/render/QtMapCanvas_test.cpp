@@ -108,12 +108,14 @@ TEST_F(QtMapCanvasTest, OutlineStyleFiveHidesLinesButNotFills)
 
 TEST_F(QtMapCanvasTest, DashesWidthAndTheKeptLineStyle)
 {
-    QtMapCanvas canvas(picture, view, QPalette());
-    canvas.DrawPolyline(std::vector<ScreenPoint>{{0, 10}, {100, 10}}, style(0, 1, 0), true);
-    canvas.DrawPolyline(std::vector<ScreenPoint>{{0, 30}, {100, 30}}, style(1, 1, 0), true);
-    // Drawn again from stored points: the dashes set last stay.
-    canvas.DrawPolyline(std::vector<ScreenPoint>{{0, 50}, {100, 50}}, style(0, 1, 0), false);
-    canvas.DrawPolyline(std::vector<ScreenPoint>{{0, 70}, {100, 70}}, style(0, 5, 0), true);
+    {
+        QtMapCanvas canvas(picture, view, QPalette());
+        canvas.DrawPolyline(std::vector<ScreenPoint>{{0, 10}, {100, 10}}, style(0, 1, 0), true);
+        canvas.DrawPolyline(std::vector<ScreenPoint>{{0, 30}, {100, 30}}, style(1, 1, 0), true);
+        // Drawn again from stored points: the dashes set last stay.
+        canvas.DrawPolyline(std::vector<ScreenPoint>{{0, 50}, {100, 50}}, style(0, 1, 0), false);
+        canvas.DrawPolyline(std::vector<ScreenPoint>{{0, 70}, {100, 70}}, style(0, 5, 0), true);
+    }
     EXPECT_EQ(count({10, 10, 80, 1}, kBlue), 80);
     EXPECT_GT(count({10, 30, 80, 1}, kBackground), 10);
     EXPECT_GT(count({10, 50, 80, 1}, kBackground), 10);
@@ -153,8 +155,10 @@ TEST_F(QtMapCanvasTest, AHighlightedLineIsRedAndTwiceAsWide)
     roads.ThematicMap().Add(0, 2, 0xFF0000, 0, 0, "MICanyMIC", "");
     const std::vector<orbelan::Vertex> road = {{-40, 0}, {40, 0}};
     roads.Entidades.AddEntity(1, road, roads);
-    QtMapCanvas canvas(picture, view, QPalette());
-    roads.resaltar(1, view.viewBox(), canvas);
+    {
+        QtMapCanvas canvas(picture, view, QPalette());
+        roads.resaltar(1, view.viewBox(), canvas);
+    }
     EXPECT_EQ(at(50, 50), kRed);
     EXPECT_EQ(at(50, 48), kRed);
     EXPECT_EQ(count(picture.rect(), kBlue), 0);
