@@ -606,11 +606,12 @@ void layer::resaltar(std::int32_t IDEntidad, const BoundingBox& BBox, MapCanvas&
     if (defaultClass != nullptr && defaultClass->DrawWidth == 0) {
         highlight.DrawWidth = 1;
     } else if (themes_.count() > 0) {
+        // An entity whose class is gone is drawn in a new class's style, so
+        // it is that width that doubles.
         const Theme* entityClass = themes_.Find(entity->ThemeCode);
-        const std::int64_t width = 2 * static_cast<std::int64_t>(entityClass ? entityClass->DrawWidth : Theme{}.DrawWidth);
-        highlight.DrawWidth = static_cast<std::int32_t>(
-            std::clamp<std::int64_t>(width, std::numeric_limits<std::int32_t>::min(),
-                                     std::numeric_limits<std::int32_t>::max()));
+        const std::int64_t width = 2 * static_cast<std::int64_t>((entityClass ? *entityClass : Theme{}).DrawWidth);
+        highlight.DrawWidth = static_cast<std::int32_t>(std::clamp<std::int64_t>(
+            width, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()));
     }
     highlight.DrawColor = kHighlightColor;
     entity->resaltar(BBox, Wnd, Tipo, highlight);
