@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <vector>
 
 using namespace orbelan;
@@ -73,6 +74,19 @@ TEST_F(ViewerDrawing, AHiddenLayerShowsNothingAndHasNothingDrawn)
     viewer.Redraw();
     EXPECT_TRUE(hidden.DrawnIDs().empty());
     EXPECT_EQ(at(130, 70), kWhite);
+}
+
+TEST_F(ViewerDrawing, VerticesFarAwayOrNotNumbersAreCutOrLeftOut)
+{
+    layer& roads = addLayer(1, polylinelayer, 0x0000FF);
+    const double nan = std::numeric_limits<double>::quiet_NaN();
+    const std::vector<Vertex> road = {{-1e300, 0}, {0, 0}, {nan, 1}, {1e300, 1e300}, {5, -4}};
+    roads.Entidades.AddEntity(1, road, roads);
+    viewer.Redraw();
+    EXPECT_EQ(roads.DrawnIDs().size(), 1u);
+    EXPECT_EQ(at(20, 100), kRed);   // from far west to (0, 0)
+    EXPECT_EQ(at(350, 130), kRed);  // from far north-east to (5, -4)
+    EXPECT_EQ(at(210, 110), kWhite);
 }
 
 TEST_F(ViewerDrawing, RedrawingOneLayerTakesOnlyItsArrivals)
