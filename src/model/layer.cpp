@@ -24,6 +24,9 @@ constexpr double kNotDrawn = 1E36;
 // The zoom value that lifts the limit when zooming out.
 constexpr float kUnlimitedZoom = 1E37f;
 
+// The thematic value of every entity of a layer without thematic classes.
+const std::string kNoThemeValue = "0";
+
 // A highlighted entity is outlined in red.
 constexpr std::int32_t kHighlightColor = 255;
 
@@ -542,7 +545,7 @@ void layer::redrawIncrementally(const std::vector<std::int32_t>& newIDs, const B
         if (ThematicType != 0) {
             CalculateThemeObject(entity);
         } else {
-            entity->ThemeValue = "0";
+            entity->ThemeValue = kNoThemeValue;
         }
         if (entity->Draw(BBox, Wnd, Tipo)) {
             AppendDrawnID(ID);
@@ -555,7 +558,7 @@ void layer::redrawCompletely(const BoundingBox& BBox, MapCanvas& Wnd)
     ClearDrawnIDs();
     for (Entidad& entity : Entidades.NewEnum()) {
         if (ThematicType == 0) {
-            entity.ThemeValue = "0";
+            entity.ThemeValue = kNoThemeValue;
         } else if (CalculateThemes) {
             CalculateThemeObject(&entity);
         }
