@@ -45,6 +45,33 @@ std::optional<double> toDouble(const QString& text)
     return ok ? std::optional(value) : std::nullopt;
 }
 
+// A list of whole numbers written as 1,2,3 or [1,2,3].
+std::optional<QVariant> toIntegerList(QString word)
+{
+    if (word.startsWith('[') && word.endsWith(']')) {
+        word = word.mid(1, word.size() - 2);
+    }
+    QList<int> numbers;
+    for (const QString& item : word.split(',', Qt::SkipEmptyParts)) {
+        const auto number = toInt(item.trimmed());
+        if (!number) {
+            return std::nullopt;
+        }
+        numbers << *number;
+    }
+    return QVariant::fromValue(numbers);
+}
+
+// The word as a value of the parameter's type, when it can be one.
+std::optional<QVariant> toArgument(const QString& word, QMetaType type)
+{
+    if (type == QMetaType::fromType<QList<int>>()) {
+        return toIntegerList(word);
+    }
+    QVariant value = word;
+    return value.convert(type) ? std::optional(value) : std::nullopt;
+}
+
 void sendMouse(QWidget& target, QEvent::Type type, Qt::MouseButton button, QPointF position,
                Qt::KeyboardModifiers modifiers)
 {
@@ -225,12 +252,13 @@ bool HeadlessHost::invokeViewerMethod(const QString& name, const QStringList& ar
         std::array<QByteArray, kMaximumArguments> typeNames;
         std::array<QGenericArgument, kMaximumArguments> generic;
         for (int i = 0; i < method.parameterCount(); ++i) {
-            values[i] = arguments[i];
-            if (!values[i].convert(method.parameterMetaType(i))) {
+            const auto value = toArgument(arguments[i], method.parameterMetaType(i));
+            if (!value) {
                 error(QStringLiteral("%1: %2 is not a %3")
                           .arg(name, quote(arguments[i]), QString::fromUtf8(method.parameterTypeName(i))));
                 return true;
             }
+            values[i] = *value;
             // The argument keeps a pointer to its type name, which must outlive the call.
             typeNames[i] = method.parameterTypeName(i);
             generic[i] = QGenericArgument(typeNames[i].constData(), values[i].constData());

@@ -4,6 +4,7 @@
 #include "ActivityShape.h"
 #include "CellFieldValuesRequest.h"
 #include "CellGeometryRequest.h"
+#include "ElementBoundingBoxRequest.h"
 #include "InputCodes.h"
 #include "OleColor.h"
 #include "PanTool.h"
@@ -59,6 +60,18 @@ bool sameText(std::string_view a, std::string_view b)
 {
     return QString::fromUtf8(a.data(), static_cast<qsizetype>(a.size()))
                .compare(QString::fromUtf8(b.data(), static_cast<qsizetype>(b.size())), Qt::CaseInsensitive) == 0;
+}
+
+// A box narrower than 0.002 degrees becomes its centre +- 0.001, so that a
+// single point shows with its surroundings.
+void widenToMinimum(double& low, double& high)
+{
+    constexpr double kMinimumSpan = 0.002;
+    if (high - low < kMinimumSpan) {
+        const double centre = low + (high - low) / 2;
+        low = centre - kMinimumSpan / 2;
+        high = centre + kMinimumSpan / 2;
+    }
 }
 
 template <typename Message>
@@ -669,10 +682,47 @@ void Viewer::RequestMissingCells()
 {
     const BoundingBox& view = viewport_.viewBox();
     for (layer& mapLayer : layers_) {
-        if (mapLayer.CalculateVisibility()) {
-            requestMissingCells(mapLayer, mapLayer.GetCellsInArea(view.MinX, view.MinY, view.MaxX, view.MaxY));
+        if (!mapLayer.CalculateVisibility()) {
+            continue;
+        }
+        std::vector<GridCell> cells;
+        try {
+            cells = mapLayer.GetCellsInArea(view.MinX, view.MinY, view.MaxX, view.MaxY);
+        } catch (const std::exception&) {
+            // A grid without cell size, or with more cells than can be
+            // numbered, holds nothing that can be asked for.
+            continue;
+        }
+        requestMissingCells(mapLayer, cells);
+    }
+}
+
+void Viewer::ZoomToSelected(std::int32_t IDLayer, const QList<int>& IDElement)
+{
+    const layer* mapLayer = layers_.Find(IDLayer);
+    if (busy || !mapLayer || mapLayer->Tipo == ImageLayer || IDElement.isEmpty()) {
+        return;
+    }
+    // An element 0 names nothing: there is no box to zoom to.
+    if (IDElement.size() == 1 && IDElement.front() == 0) {
+        return;
+    }
+    if (IDElement.size() == 1 && !mapLayer->Entidades.Find(IDElement.front())) {
+        send(connection_, messages::ElementBoundingBoxRequest{IDLayer, IDElement.front()});
+        return;
+    }
+    BoundingBox box;
+    for (const int id : IDElement) {
+        if (const Entidad* element = mapLayer->Entidades.Find(id)) {
+            box.Union(element->bb.MinX, element->bb.MinY, element->bb.MaxX, element->bb.MaxY);
         }
     }
+    if (box.MinX > box.MaxX || box.MinY > box.MaxY) {
+        return;
+    }
+    widenToMinimum(box.MinX, box.MaxX);
+    widenToMinimum(box.MinY, box.MaxY);
+    SetView(box.MinX, box.MinY, box.MaxX, box.MaxY);
 }
 
 void Viewer::requestMissingCells(layer& mapLayer, const std::vector<GridCell>& cells)

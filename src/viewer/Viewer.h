@@ -160,6 +160,9 @@ public:
     Q_INVOKABLE void Pan();
     // Height of the view in kilometres.
     Q_INVOKABLE float CurrentZoom() const;
+    // Shows the union of the boxes of the given elements of a layer. One
+    // element that is not loaded has its box asked for from the server.
+    Q_INVOKABLE void ZoomToSelected(int IDLayer, const QList<int>& IDElement);
     // Asks for the grid cells of the view never asked for: geometry of every
     // visible layer, label and direction values where those show.
     void RequestMissingCells();

@@ -128,6 +128,30 @@ TEST_F(ViewerNavigation, MovesReportTheGeographicPosition)
     EXPECT_DOUBLE_EQ(position.at(0).at(1).toDouble(), 2.5);
 }
 
+TEST_F(ViewerNavigation, ZoomToSelectedShowsAPointWithItsSurroundings)
+{
+    layer& places = viewer.Layers().AddLayer("Lugares", 9, pointlayer, viewer);
+    places.Entidades.AddEntity(4, std::vector<Vertex>{{-70.5, -33.4}}, places);
+    places.Entidades.AddEntity(5, std::vector<Vertex>{{-70.4, -33.2}}, places);
+
+    viewer.ZoomToSelected(9, {4});
+    // 0.002 degrees high; the control is twice as wide as it is high.
+    expectView(-70.502, -33.401, -70.498, -33.399);
+
+    viewer.ZoomToSelected(9, {4, 5, 77});
+    EXPECT_NEAR(viewer.viewport().viewBox().MinY, -33.4, 1e-9);
+    EXPECT_NEAR(viewer.viewport().viewBox().MaxY, -33.2, 1e-9);
+}
+
+TEST_F(ViewerNavigation, ALayerWithoutCellSizeDoesNotStopTheView)
+{
+    layer& broken = viewer.Layers().AddLayer("Sin grilla", 3, polygonlayer, viewer);
+    broken.AccessLevel = ALViewer;
+    broken.setUserVisibility(2);
+    viewer.SetView(-1, -1, 1, 1);
+    expectView(-2, -1, 2, 1);
+}
+
 TEST_F(ViewerNavigation, NavigationWaitsWhileBusy)
 {
     viewer.busy = true;

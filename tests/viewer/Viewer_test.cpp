@@ -1,5 +1,6 @@
 #include "CellFieldValuesRequest.h"
 #include "CellGeometryRequest.h"
+#include "ElementBoundingBoxRequest.h"
 #include "MessageFramer.h"
 #include "PropertyBag.h"
 #include "ScriptedUiServices.h"
@@ -357,6 +358,24 @@ TEST_F(ViewerTest, TheCellsOfTheViewAreRequestedOnce)
 
     viewer.SetView(0, 0, 2, 1);
     EXPECT_TRUE(receivedMessages(*peer).empty());
+}
+
+TEST_F(ViewerTest, ZoomToSelectedAsksForTheBoxOfAnElementNotLoaded)
+{
+    std::unique_ptr<QTcpSocket> peer = showConnected();
+    ASSERT_TRUE(peer);
+    viewer.Layers().AddLayer("Calles", 5, polylinelayer, viewer);
+    const int pending = viewer.PendingRequests();
+    viewer.ZoomToSelected(5, {99});
+    const std::vector<DWBUffer> sent = receivedMessages(*peer);
+    ASSERT_EQ(sent.size(), 1u);
+    DWBUffer request = sent.front();
+    request.GetFromBuffer(8);
+    EXPECT_EQ(request.GetInteger(), codeNumber(CommandCode::ElementBoundingBoxRequest));
+    EXPECT_EQ(messages::ElementBoundingBoxRequest::decode(request),
+              (messages::ElementBoundingBoxRequest{5, 99}));
+    EXPECT_EQ(viewer.PendingRequests(), pending + 1);
+    EXPECT_FALSE(viewer.viewport().viewReady());
 }
 
 } // namespace
