@@ -70,7 +70,7 @@ void Entidad::SetPoints(std::span<const Vertex> points)
     }
     points_.assign(points.begin(), points.end());
     // Positions drawn for other vertices mean nothing now.
-    screen_.clear();
+    screen_.reset();
 }
 
 void Entidad::CalculateBoundingBox()
@@ -299,13 +299,18 @@ const Theme& Entidad::drawingClass() const
 
 bool Entidad::hasScreenPoints() const
 {
-    return !screen_.empty() && screen_.size() == points_.size();
+    return screen_ != nullptr && !points_.empty();
+}
+
+std::span<const ScreenPoint> Entidad::ScreenPoints() const
+{
+    return {screen_.get(), hasScreenPoints() ? points_.size() : 0};
 }
 
 bool Entidad::Draw(const BoundingBox& BBox, MapCanvas& Wnd, TipoLayer TipoEnt)
 {
     if (!BBox.InterseccionCon(bb)) {
-        screen_.clear();
+        screen_.reset();
         return false;
     }
     return drawProjected(Wnd, TipoEnt, drawingClass());
@@ -316,7 +321,10 @@ bool Entidad::drawProjected(MapCanvas& Wnd, TipoLayer TipoEnt, const Theme& them
     if (TipoEnt < pointlayer || TipoEnt > polygonlayer) {
         return false;
     }
-    Wnd.ToScreen(points_, screen_);
+    if (!screen_) {
+        screen_ = std::make_unique<ScreenPoint[]>(points_.size());
+    }
+    Wnd.ToScreen(points_, {screen_.get(), points_.size()});
     drawStored(Wnd, TipoEnt, theme, true);
     return true;
 }
@@ -325,14 +333,14 @@ void Entidad::drawStored(MapCanvas& Wnd, TipoLayer TipoEnt, const Theme& theme, 
 {
     switch (static_cast<std::int32_t>(TipoEnt)) {
     case pointlayer:
-        Wnd.DrawPoints(screen_, theme);
+        Wnd.DrawPoints(ScreenPoints(), theme);
         break;
     case polylinelayer:
     case 3:
-        Wnd.DrawPolyline(screen_, theme, setLineStyle);
+        Wnd.DrawPolyline(ScreenPoints(), theme, setLineStyle);
         break;
     case polygonlayer:
-        Wnd.DrawPolygon(screen_, theme);
+        Wnd.DrawPolygon(ScreenPoints(), theme);
         break;
     default:
         break;
@@ -366,8 +374,9 @@ void Entidad::DrawDirection(MapCanvas& Wnd) const
     if (Direction == 0) {
         return;
     }
-    for (std::size_t k = 1; k < screen_.size(); ++k) {
-        Wnd.DrawDirectionMark(screen_[k - 1], screen_[k], Direction);
+    const std::span<const ScreenPoint> screen = ScreenPoints();
+    for (std::size_t k = 1; k < screen.size(); ++k) {
+        Wnd.DrawDirectionMark(screen[k - 1], screen[k], Direction);
     }
 }
 

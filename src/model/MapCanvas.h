@@ -26,7 +26,7 @@ public:
     virtual const BoundingBox& ViewBox() const = 0;
     // The screen position of every vertex (longitude, latitude), one per
     // vertex, in order.
-    virtual void ToScreen(std::span<const Vertex> vertices, std::vector<ScreenPoint>& screen) const = 0;
+    virtual void ToScreen(std::span<const Vertex> vertices, std::span<ScreenPoint> screen) const = 0;
 
     // One dot per point, DrawWidth wide, in DrawColor; nothing when the
     // class draws no outline (DrawStyle 5).

@@ -148,14 +148,13 @@ Qt::BrushStyle QtMapCanvas::brushStyle(std::int32_t FillStyle)
     }
 }
 
-void QtMapCanvas::ToScreen(std::span<const Vertex> vertices, std::vector<ScreenPoint>& screen) const
+void QtMapCanvas::ToScreen(std::span<const Vertex> vertices, std::span<ScreenPoint> screen) const
 {
-    screen.resize(vertices.size());
     const MapPoint centre = view_.centre();
     const double scale = view_.scale();
     const double halfWidth = view_.width() / 2.0;
     const double halfHeight = view_.height() / 2.0;
-    for (std::size_t k = 0; k < vertices.size(); ++k) {
+    for (std::size_t k = 0; k < std::min(vertices.size(), screen.size()); ++k) {
         MapPoint plane;
         if (view_.project(vertices[k].X, vertices[k].Y, plane)) {
             screen[k] = {toSingle((plane.x - centre.x) * scale + halfWidth),

@@ -43,7 +43,7 @@ public:
     QtMapCanvas& operator=(const QtMapCanvas&) = delete;
 
     const BoundingBox& ViewBox() const override { return view_.viewBox(); }
-    void ToScreen(std::span<const Vertex> vertices, std::vector<ScreenPoint>& screen) const override;
+    void ToScreen(std::span<const Vertex> vertices, std::span<ScreenPoint> screen) const override;
     void DrawPoints(std::span<const ScreenPoint> points, const Theme& theme) override;
     void DrawPolyline(std::span<const ScreenPoint> points, const Theme& theme, bool setLineStyle) override;
     void DrawPolygon(std::span<const ScreenPoint> points, const Theme& theme) override;

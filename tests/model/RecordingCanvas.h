@@ -23,11 +23,10 @@ public:
     std::vector<Call> calls;
 
     const orbelan::BoundingBox& ViewBox() const override { return view; }
-    void ToScreen(std::span<const orbelan::Vertex> vertices, std::vector<orbelan::ScreenPoint>& screen) const override
+    void ToScreen(std::span<const orbelan::Vertex> vertices, std::span<orbelan::ScreenPoint> screen) const override
     {
-        screen.clear();
-        for (const orbelan::Vertex& vertex : vertices) {
-            screen.push_back({static_cast<float>(vertex.X), static_cast<float>(-vertex.Y)});
+        for (std::size_t k = 0; k < std::min(vertices.size(), screen.size()); ++k) {
+            screen[k] = {static_cast<float>(vertices[k].X), static_cast<float>(-vertices[k].Y)};
         }
     }
     void DrawPoints(std::span<const orbelan::ScreenPoint> points, const orbelan::Theme& theme) override
