@@ -128,6 +128,7 @@ void HeadlessHost::addCommands()
         {"set", bind(&HeadlessHost::setProperty)},
         {"get", bind(&HeadlessHost::getProperty)},
         {"view", bind(&HeadlessHost::printView)},
+        {"layers", bind(&HeadlessHost::printLayers)},
         {"quit", [this](const QStringList&) { quit(); }},
     };
 }
@@ -331,9 +332,16 @@ void HeadlessHost::snapshot(const QStringList& arguments)
         error(QStringLiteral("snapshot needs a file name"));
         return;
     }
-    if (!viewer_.grab().save(arguments[0])) {
-        error(QStringLiteral("snapshot: cannot write %1").arg(arguments[0]));
+    saveImage(arguments[0]);
+}
+
+bool HeadlessHost::saveImage(const QString& path)
+{
+    if (!viewer_.grab().save(path)) {
+        error(QStringLiteral("snapshot: cannot write %1").arg(path));
+        return false;
     }
+    return true;
 }
 
 void HeadlessHost::answer(const QStringList& arguments)
@@ -422,6 +430,48 @@ void HeadlessHost::printView(const QStringList&)
         words << formatValue(value);
     }
     print(words.join(' '));
+}
+
+// One line per layer, in drawing order.
+void HeadlessHost::printLayers(const QStringList&)
+{
+    for (const layer& mapLayer : viewer_.Layers()) {
+        const QVariantList values = {
+            mapLayer.IDLayer,
+            QString::fromStdString(mapLayer.Nombre),
+            static_cast<int>(mapLayer.Tipo),
+            static_cast<int>(mapLayer.AccessLevel),
+            mapLayer.UserVisibility(),
+            mapLayer.ZoomMin,
+            mapLayer.ZoomMax,
+            QString::fromStdString(mapLayer.lblField),
+            QString::fromStdString(mapLayer.ThematicField),
+            mapLayer.Campos().count(),
+            mapLayer.ThematicMap().count(),
+            mapLayer.Entidades.count(),
+        };
+        QStringList words{QStringLiteral("layer")};
+        for (const QVariant& value : values) {
+            words << formatValue(value);
+        }
+        print(words.join(' '));
+    }
+}
+
+bool HeadlessHost::snapshotWhenLoaded(const QString& path, int seconds)
+{
+    bool loaded = false;
+    const QMetaObject::Connection watch = connect(&viewer_, &Viewer::MapLoaded, this, [&loaded] { loaded = true; });
+    QDeadlineTimer deadline(static_cast<qint64>(seconds) * 1000);
+    while (!(loaded && viewer_.connection().idle()) && !deadline.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, kIdlePollMilliseconds);
+    }
+    disconnect(watch);
+    if (!loaded || !viewer_.connection().idle()) {
+        error(QStringLiteral("snapshot: the map did not finish loading within %1 s").arg(seconds));
+        return false;
+    }
+    return saveImage(path);
 }
 
 void HeadlessHost::print(const QString& line)

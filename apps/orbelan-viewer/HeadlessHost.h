@@ -30,6 +30,10 @@ public:
     void readStandardInput();
     // Runs the commands of a file; the host quits after the last one.
     bool readFile(const QString& path);
+    // Waits until the map has loaded and every reply is in, then saves the
+    // control's image. False, with an error line, when that takes longer
+    // than the given seconds or the image cannot be written.
+    bool snapshotWhenLoaded(const QString& path, int seconds);
 
 private:
     using Command = std::function<void(const QStringList& arguments)>;
@@ -54,7 +58,9 @@ private:
     void setProperty(const QStringList& arguments);
     void getProperty(const QStringList& arguments);
     void printView(const QStringList& arguments);
+    void printLayers(const QStringList& arguments);
 
+    bool saveImage(const QString& path);
     void print(const QString& line);
     void error(const QString& message);
 

@@ -50,6 +50,7 @@ std::optional<HostOptions> HostOptions::parse(const QStringList& arguments, int&
         {"headless", "Run without a window: commands on stdin, events on stdout."},
         {"commands", "Read the headless commands from FILE instead of stdin.", "FILE"},
         {"no-show", "Do not show the control at start."},
+        {"snapshot", "Headless: save the map's image to FILE once it has loaded, then exit.", "FILE"},
         {"settings", "Keep the control's properties in this INI file.", "FILE"},
     });
     exitCode = 0;
@@ -83,6 +84,10 @@ std::optional<HostOptions> HostOptions::parse(const QStringList& arguments, int&
     options.show = !parser.isSet("no-show");
     options.commandsFile = parser.value("commands");
     options.settingsFile = parser.value("settings");
+    options.snapshotFile = parser.value("snapshot");
+    if (!options.snapshotFile.isEmpty()) {
+        options.headless = true;
+    }
     if (!ok) {
         exitCode = 2;
         return std::nullopt;

@@ -19,6 +19,8 @@ struct HostOptions {
     bool show = true;
     // Commands for the headless mode; empty means standard input.
     QString commandsFile;
+    // Headless: save the image here once the map has loaded, then exit.
+    QString snapshotFile;
     // Where the control's properties persist; empty means the user's settings.
     QString settingsFile;
 

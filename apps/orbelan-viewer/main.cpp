@@ -19,6 +19,8 @@ using namespace orbelan;
 namespace {
 
 const QString kPropertyGroup = QStringLiteral("Viewer");
+// How long --snapshot waits for a map to load.
+constexpr int kSnapshotSeconds = 120;
 
 std::unique_ptr<QSettings> openSettings(const HostOptions& options)
 {
@@ -47,6 +49,11 @@ int runHeadless(std::unique_ptr<Viewer> viewer, const HostOptions& options)
     HeadlessHost host(*viewer, ui, std::cout);
     if (options.show) {
         viewer->show();
+    }
+    if (!options.snapshotFile.isEmpty()) {
+        const bool saved = host.snapshotWhenLoaded(options.snapshotFile, kSnapshotSeconds);
+        viewer.reset();
+        return saved ? 0 : 1;
     }
     if (options.commandsFile.isEmpty()) {
         host.readStandardInput();
