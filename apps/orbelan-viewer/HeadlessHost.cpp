@@ -18,6 +18,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 
 namespace orbelan {
@@ -335,6 +336,13 @@ void HeadlessHost::snapshot(const QStringList& arguments)
     saveImage(arguments[0]);
 }
 
+// A critical box (no connection, access refused) means the map will not come.
+bool HeadlessHost::failureShown() const
+{
+    return std::any_of(ui_.messages().begin(), ui_.messages().end(),
+                       [](const ShownMessage& message) { return message.icon == MessageIcon::Critical; });
+}
+
 bool HeadlessHost::saveImage(const QString& path)
 {
     if (!viewer_.grab().save(path)) {
@@ -463,10 +471,14 @@ bool HeadlessHost::snapshotWhenLoaded(const QString& path, int seconds)
     bool loaded = false;
     const QMetaObject::Connection watch = connect(&viewer_, &Viewer::MapLoaded, this, [&loaded] { loaded = true; });
     QDeadlineTimer deadline(static_cast<qint64>(seconds) * 1000);
-    while (!(loaded && viewer_.connection().idle()) && !deadline.hasExpired()) {
+    while (!(loaded && viewer_.connection().idle()) && !deadline.hasExpired() && !failureShown()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, kIdlePollMilliseconds);
     }
     disconnect(watch);
+    if (failureShown()) {
+        error(QStringLiteral("snapshot: the map cannot be loaded"));
+        return false;
+    }
     if (!loaded || !viewer_.connection().idle()) {
         error(QStringLiteral("snapshot: the map did not finish loading within %1 s").arg(seconds));
         return false;

@@ -61,6 +61,7 @@ private:
     void printLayers(const QStringList& arguments);
 
     bool saveImage(const QString& path);
+    bool failureShown() const;
     void print(const QString& line);
     void error(const QString& message);
 

@@ -1,6 +1,7 @@
 // orbelan-viewer --headless as scripts use it: a real process, a real
 // listener on 127.0.0.1, commands on its standard input, lines on its output.
 
+#include <QFile>
 #include <QProcess>
 #include <QTcpServer>
 #include <QTcpSocket>
@@ -107,6 +108,19 @@ TEST_F(HeadlessViewer, ReportsAFailedConnectionAndKeepsRunning)
     command("get MapCode");
     EXPECT_EQ(nextLine(), "property MapCode 3");
     quit();
+}
+
+TEST(HeadlessSnapshot, GivesUpAtOnceWhenTheMapCannotLoad)
+{
+    QTemporaryDir folder;
+    QProcess viewer;
+    viewer.start(QStringLiteral(ORBELAN_VIEWER_PROGRAM),
+                 {"--snapshot", folder.filePath("map.png"), "--settings", folder.filePath("viewer.ini"), "--url",
+                  "127.0.0.1", "--port", QString::number(closedPort())});
+    ASSERT_TRUE(viewer.waitForFinished(kWaitMilliseconds));
+    EXPECT_EQ(viewer.exitCode(), 1);
+    EXPECT_TRUE(viewer.readAllStandardOutput().contains("error \"snapshot: the map cannot be loaded\""));
+    EXPECT_FALSE(QFile::exists(folder.filePath("map.png")));
 }
 
 } // namespace
