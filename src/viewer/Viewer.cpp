@@ -11,6 +11,9 @@
 #include "ZoomFactorTool.h"
 #include "ZoomWindowTool.h"
 #include "PropertyBag.h"
+#include "SendMessage.h"
+#include "TextCompare.h"
+#include "wsckComandos.h"
 #include "QtMapCanvas.h"
 #include "Windows1252.h"
 #include "WidgetUiServices.h"
@@ -56,12 +59,6 @@ constexpr int kShiftKey = 1;
 constexpr int kEscape = 27;
 constexpr double kArrowPanShare = 0.25;
 
-bool sameText(std::string_view a, std::string_view b)
-{
-    return QString::fromUtf8(a.data(), static_cast<qsizetype>(a.size()))
-               .compare(QString::fromUtf8(b.data(), static_cast<qsizetype>(b.size())), Qt::CaseInsensitive) == 0;
-}
-
 // A box narrower than 0.002 degrees becomes its centre +- 0.001, so that a
 // single point shows with its surroundings.
 void widenToMinimum(double& low, double& high)
@@ -72,12 +69,6 @@ void widenToMinimum(double& low, double& high)
         low = centre - kMinimumSpan / 2;
         high = centre + kMinimumSpan / 2;
     }
-}
-
-template <typename Message>
-void send(ServerConnection& connection, const Message& message)
-{
-    connection.sendRequest(Message::kCode, [&message](DWBUffer& buffer) { message.encode(buffer); });
 }
 
 QVariant number(std::int64_t value)
@@ -120,6 +111,7 @@ Viewer::Viewer(QWidget* parent)
     connection_.socket().setRemotePort(kDefaultPort);
     createSurface();
     connectReceiveSide();
+    connection_.setMessageHandler(wsckComandos(*this));
     applyColors();
 }
 
@@ -333,7 +325,7 @@ void Viewer::firstShow()
 
 void Viewer::requestAccess()
 {
-    send(connection_, messages::AccessRequest{idUser_, mapCode_});
+    sendMessage(connection_, messages::AccessRequest{idUser_, mapCode_});
 }
 
 void Viewer::hideEvent(QHideEvent* event)
@@ -708,7 +700,7 @@ void Viewer::ZoomToSelected(std::int32_t IDLayer, const QList<int>& IDElement)
         return;
     }
     if (IDElement.size() == 1 && !mapLayer->Entidades.Find(IDElement.front())) {
-        send(connection_, messages::ElementBoundingBoxRequest{IDLayer, IDElement.front()});
+        sendMessage(connection_, messages::ElementBoundingBoxRequest{IDLayer, IDElement.front()});
         return;
     }
     BoundingBox box;
@@ -750,10 +742,9 @@ void Viewer::RequestCell(std::int32_t layerID, std::int32_t row, std::int32_t co
     const layer* mapLayer = layers_.Find(layerID);
     changeStatus(layerID, StatusList::RequestingLayer,
                  mapLayer ? QString::fromStdString(mapLayer->Nombre) : QString());
-    send(connection_, messages::CellGeometryRequest{layerID, row, column});
+    sendMessage(connection_, messages::CellGeometryRequest{layerID, row, column});
 }
 
-// Label and thematic requests show as such in the status list; others do not.
 void Viewer::requestFieldValues(const layer& mapLayer, GridCell cell, const std::string& field)
 {
     const QString name = QString::fromStdString(mapLayer.Nombre);
@@ -762,7 +753,7 @@ void Viewer::requestFieldValues(const layer& mapLayer, GridCell cell, const std:
     } else if (sameText(field, mapLayer.ThematicField)) {
         changeStatus(mapLayer.IDLayer, StatusList::RequestingTheme, name);
     }
-    send(connection_, messages::CellFieldValuesRequest{mapLayer.IDLayer, cell.row, cell.column, field});
+    sendMessage(connection_, messages::CellFieldValuesRequest{mapLayer.IDLayer, cell.row, cell.column, field});
 }
 
 std::int32_t Viewer::ImageNumberOf(std::string_view) const

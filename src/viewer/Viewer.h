@@ -16,6 +16,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <string>
 
 class QLabel;
 class QRubberBand;
@@ -82,6 +83,7 @@ public:
     // Message boxes and modal dialogs go through these services (not owned);
     // by default real widgets are used.
     void setUiServices(UiServices& services);
+    UiServices& uiServices() const { return *ui_; }
 
     // True in applications; false in a designer, where the control never
     // connects.
@@ -120,6 +122,10 @@ public:
     // The map's projection code: 0 latitude/longitude, 1 Albers, 40 to 160 UTM.
     int Projection() const { return viewport_.Projection(); }
     void setProjection(int code) { viewport_.setProjection(code); }
+    // The map's name, as its definition gives it.
+    std::string Nombre;
+    // True once the geometry of a first cell has arrived.
+    bool layerscargados = false;
     // The colour the map is cleared with before each redraw.
     std::uint32_t BackgroundColor = 0xFFFFFF;
     // The map's whole area in degrees, shown by ZoomExtents.
@@ -191,6 +197,9 @@ public:
     // is asked for once the cell has arrived.
     void RequestCell(std::int32_t layerID, std::int32_t row, std::int32_t column,
                      std::string_view thematicField) override;
+    // Asks for one field's values in a cell of the layer; label and thematic
+    // requests show as such in the status list.
+    void requestFieldValues(const layer& mapLayer, GridCell cell, const std::string& field);
 
     std::int32_t PendingRequests() const { return connection_.pendingRequests(); }
     ServerConnection& connection() { return connection_; }
@@ -252,7 +261,6 @@ private:
     MapTool* tool() const;
     MapMouseEvent mapEvent(const QMouseEvent& event) const;
     void requestMissingCells(layer& mapLayer, const std::vector<GridCell>& cells);
-    void requestFieldValues(const layer& mapLayer, GridCell cell, const std::string& field);
     void showIdlePointer();
     QFont ambientFont() const;
 

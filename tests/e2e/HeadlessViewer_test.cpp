@@ -74,11 +74,12 @@ TEST_F(HeadlessViewer, ConnectsAsksForTheMapAndFollowsCommands)
     }
     EXPECT_EQ(request, QByteArray("MIC \x12\0\0\0\x0A\0\x07\0\0\0\x03\0\0\0", 18));
 
-    // The access answer (counted) comes back in two pieces.
+    // The access answer (counted, and refusing) comes back in two pieces.
     peer->write(QByteArray("MIC \x0C\0\0", 7));
     peer->flush();
-    peer->write(QByteArray("\0\x6E\0\0\0", 5));
+    peer->write(QByteArray("\0\x6E\0\x01\0", 5));
     peer->flush();
+    EXPECT_EQ(nextLine(), "msgbox critical \"Orbelan Viewer\" \"Acceso Denegado\"");
     command("wait-idle 10");
     command("get PendingRequests");
     EXPECT_EQ(nextLine(), "property PendingRequests 0");

@@ -256,7 +256,8 @@ TEST_F(ViewerTest, TheLastAwaitedReplyRedrawsTheMapOnce)
     ASSERT_TRUE(peer);
 
     QSignalSpy redrawn(&viewer, &Viewer::MapRedrawn);
-    const QByteArray accessAnswer("MIC \x0C\0\0\0\x6E\0\0\0", 12);
+    // Access refused: nothing more is awaited.
+    const QByteArray accessAnswer("MIC \x0C\0\0\0\x6E\0\x01\0", 12);
     for (const QByteArray& piece : {accessAnswer.left(3), accessAnswer.mid(3, 6), accessAnswer.mid(9)}) {
         peer->write(piece);
         peer->flush();

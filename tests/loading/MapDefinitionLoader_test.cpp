@@ -1,0 +1,312 @@
+#include "LayerAccessLevels.h"
+#include "LayerAccessLevelsRequest.h"
+#include "MapDefinition.h"
+#include "PlayedServer.h"
+#include "WireReadError.h"
+#include "wsckComandos.h"
+
+#include <QSignalSpy>
+
+#include <cmath>
+
+using namespace orbelan;
+using messages::FieldRecord;
+using messages::LayerRecord;
+using messages::MapDefinition;
+using messages::ThematicClassRecord;
+
+namespace {
+
+LayerRecord parcels()
+{
+    LayerRecord parcels;
+    parcels.name = "Predios";
+    parcels.id = 30;
+    parcels.type = polygonlayer;
+    parcels.minCol = 112;
+    parcels.minRow = 2180;
+    parcels.maxCol = 115;
+    parcels.maxRow = 2190;
+    parcels.gridDeltaX = 0.05f;
+    parcels.gridDeltaY = 0.5f;
+    parcels.visibility = 2;
+    parcels.zoomMin = 0.25f;
+    parcels.zoomMax = 40.0f;
+    parcels.drawColor = 0x102030;
+    parcels.drawStyle = 2;
+    parcels.drawWidth = 3;
+    parcels.fillColor = 0x405060;
+    parcels.fillStyle = 4;
+    parcels.labelField = "ROL";
+    parcels.labelZoomMin = 0.5f;
+    parcels.labelZoomMax = 2.0f;
+    parcels.labelVisibility = 1;
+    parcels.labelBold = 1;
+    parcels.labelColor = 0x0000FF;
+    parcels.thematicField = "uso";
+    parcels.thematicType = 1;
+    // "dir" in a polygon layer: its direction field.
+    parcels.fields = {{"ROL", 200}, {"USO", 202}, {"dir", 2}};
+    parcels.classes = {{"Comercial", "", 0xFF, 0, 1, 0xFF00, 6}, {"10", "20", 1, 2, 3, 4, 5}};
+    return parcels;
+}
+
+LayerRecord streets()
+{
+    LayerRecord streets;
+    streets.name = "Calles";
+    streets.id = 7;
+    streets.type = polylinelayer;
+    // Any value but 1 leaves the labels plain.
+    streets.labelBold = 2;
+    streets.thematicField = "NIVEL";
+    streets.fields = {{"DIR", 2}, {"Nivel", 3}};
+    return streets;
+}
+
+LayerRecord places()
+{
+    LayerRecord places;
+    places.name = "Lugares";
+    places.id = 12;
+    places.type = pointlayer;
+    places.labelBold = -1;
+    places.fields = {{"Dir", 2}};
+    return places;
+}
+
+MapDefinition santiago()
+{
+    MapDefinition map;
+    map.name = "Santiago Ñuñoa";
+    map.minX = -70.75f;
+    map.minY = -33.5f;
+    map.maxX = -70.5f;
+    map.maxY = -33.25f;
+    map.background = 0x00E0F0FF;
+    map.projection = 81;
+    map.layers = {parcels(), streets(), places()};
+    return map;
+}
+
+using MapDefinitionLoader = PlayedServer;
+
+TEST_F(MapDefinitionLoader, TheMapTakesItsNameExtentColourAndProjection)
+{
+    QSignalSpy loaded(&viewer, &Viewer::MapLoaded);
+    reply(santiago());
+    EXPECT_EQ(viewer.Nombre, "Santiago Ñuñoa");
+    EXPECT_EQ(viewer.mapExtent.MinX, -70.75);
+    EXPECT_EQ(viewer.mapExtent.MinY, -33.5);
+    EXPECT_EQ(viewer.mapExtent.MaxX, -70.5);
+    EXPECT_EQ(viewer.mapExtent.MaxY, -33.25);
+    EXPECT_EQ(viewer.BackgroundColor, 0x00E0F0FFu);
+    EXPECT_EQ(viewer.Projection(), 81);
+    EXPECT_EQ(loaded.size(), 1);
+    // "Requesting Map." went when the map came, "Loading Map." once it was read.
+    EXPECT_EQ(viewer.statusText(), "");
+}
+
+TEST_F(MapDefinitionLoader, EveryLayerRecordFieldFindsItsPlace)
+{
+    reply(santiago());
+    ASSERT_EQ(viewer.Layers().count(), 3);
+    EXPECT_EQ(viewer.Layers().Item(1)->IDLayer, 30);
+    EXPECT_EQ(viewer.Layers().Item(2)->IDLayer, 7);
+    EXPECT_EQ(viewer.Layers().Item(3)->IDLayer, 12);
+
+    const layer& layer30 = *viewer.Layers().Find(30);
+    EXPECT_EQ(layer30.Nombre, "Predios");
+    EXPECT_EQ(layer30.Tipo, polygonlayer);
+    EXPECT_EQ(layer30.minCol, 112);
+    EXPECT_EQ(layer30.minRow, 2180);
+    EXPECT_EQ(layer30.maxCol, 115);
+    EXPECT_EQ(layer30.maxRow, 2190);
+    EXPECT_EQ(layer30.GridDeltaX, 0.05f);
+    EXPECT_EQ(layer30.GridDeltaY, 0.5f);
+    EXPECT_EQ(layer30.UserVisibility(), 2);
+    EXPECT_EQ(layer30.ZoomMin, 0.25f);
+    EXPECT_EQ(layer30.ZoomMax, 40.0f);
+    EXPECT_EQ(layer30.lblField, "ROL");
+    EXPECT_EQ(layer30.lblZoomMin, 0.5f);
+    EXPECT_EQ(layer30.lblZoomMax, 2.0f);
+    EXPECT_EQ(layer30.UserLabelVisibility(), 1);
+    EXPECT_TRUE(layer30.lblBold);
+    EXPECT_EQ(layer30.lblColor, 0x0000FF);
+    EXPECT_EQ(layer30.ThematicField, "uso");
+    EXPECT_EQ(layer30.ThematicType, 1);
+    EXPECT_EQ(layer30.AccessLevel, ALNoAccess);
+
+    ASSERT_EQ(layer30.Campos().count(), 3);
+    EXPECT_EQ(layer30.Campos().Item(1)->Nombre, "ROL");
+    EXPECT_EQ(layer30.Campos().Item(3)->Nombre, "dir");
+    EXPECT_EQ(layer30.Campos().Find("dir")->Tipo, 2);
+}
+
+TEST_F(MapDefinitionLoader, TheDefaultClassComesFirstWithTheLayersStyle)
+{
+    reply(santiago());
+    const ThematicMap& classes = viewer.Layers().Find(30)->ThematicMap();
+    ASSERT_EQ(classes.count(), 3);
+    const Theme& any = *classes.Item(1);
+    EXPECT_EQ(any.min, "MICanyMIC");
+    EXPECT_EQ(any.max, "");
+    EXPECT_EQ(any.DrawColor, 0x102030);
+    EXPECT_EQ(any.DrawStyle, 2);
+    EXPECT_EQ(any.DrawWidth, 3);
+    EXPECT_EQ(any.FillColor, 0x405060);
+    EXPECT_EQ(any.FillStyle, 4);
+    const Theme& commercial = *classes.Item(2);
+    EXPECT_EQ(commercial.min, "Comercial");
+    EXPECT_EQ(commercial.DrawColor, 0xFF);
+    EXPECT_EQ(commercial.FillColor, 0xFF00);
+    EXPECT_EQ(commercial.FillStyle, 6);
+    const Theme& range = *classes.Item(3);
+    EXPECT_EQ(range.min, "10");
+    EXPECT_EQ(range.max, "20");
+    EXPECT_EQ(range.DrawStyle, 2);
+    EXPECT_EQ(range.DrawWidth, 3);
+
+    const ThematicMap& plain = viewer.Layers().Find(12)->ThematicMap();
+    ASSERT_EQ(plain.count(), 1);
+    EXPECT_EQ(plain.Item(1)->min, "MICanyMIC");
+}
+
+TEST_F(MapDefinitionLoader, OnlyABoldValueOfOneMakesLabelsBold)
+{
+    reply(santiago());
+    EXPECT_TRUE(viewer.Layers().Find(30)->lblBold);
+    EXPECT_FALSE(viewer.Layers().Find(7)->lblBold);
+    EXPECT_FALSE(viewer.Layers().Find(12)->lblBold);
+}
+
+TEST_F(MapDefinitionLoader, TheThematicFieldsTypeIsFoundWhateverItsCase)
+{
+    reply(santiago());
+    EXPECT_EQ(viewer.Layers().Find(30)->ThematicFieldType, 202);
+    EXPECT_EQ(viewer.Layers().Find(7)->ThematicFieldType, 3);
+    EXPECT_EQ(viewer.Layers().Find(12)->ThematicFieldType, 0);
+}
+
+TEST_F(MapDefinitionLoader, ADirFieldGivesLinesAndPolygonsDirectionsButNotPoints)
+{
+    reply(santiago());
+    EXPECT_EQ(viewer.Layers().Find(30)->DirectionField, "DIR");
+    EXPECT_EQ(viewer.Layers().Find(7)->DirectionField, "DIR");
+    EXPECT_EQ(viewer.Layers().Find(7)->UserDirectionVisibility(), 0);
+    EXPECT_EQ(viewer.Layers().Find(12)->DirectionField, "");
+    EXPECT_NE(viewer.Layers().Find(12)->Campos().Find("Dir"), nullptr);
+}
+
+TEST_F(MapDefinitionLoader, TheLayersAccessIsAskedForInRecordOrder)
+{
+    viewer.setIDUser(77);
+    reply(santiago());
+    std::vector<DWBUffer> sent = takeRequests(1);
+    ASSERT_EQ(sent.size(), 1u);
+    EXPECT_EQ(codeOf(sent[0]), CommandCode::LayerAccessLevelsRequest);
+    EXPECT_EQ(messages::LayerAccessLevelsRequest::decode(sent[0]),
+              (messages::LayerAccessLevelsRequest{77, {30, 7, 12}}));
+    EXPECT_EQ(viewer.PendingRequests(), 1);
+}
+
+TEST_F(MapDefinitionLoader, AMapWithoutLayersIsLoadedAndShown)
+{
+    QSignalSpy loaded(&viewer, &Viewer::MapLoaded);
+    MapDefinition empty = santiago();
+    empty.projection = 0;
+    empty.layers.clear();
+    reply(empty);
+    std::vector<DWBUffer> sent = takeRequests(1);
+    ASSERT_EQ(sent.size(), 1u);
+    EXPECT_EQ(codeOf(sent[0]), CommandCode::LayerAccessLevelsRequest);
+    EXPECT_EQ(messages::LayerAccessLevelsRequest::decode(sent[0]), (messages::LayerAccessLevelsRequest{0, {}}));
+    EXPECT_EQ(loaded.size(), 1);
+
+    reply(messages::LayerAccessLevels{});
+    ASSERT_TRUE(viewer.viewport().viewReady());
+    EXPECT_TRUE(viewer.viewport().viewBox().PointInBoundingBox(-70.6, -33.4));
+}
+
+// A definition cut anywhere keeps what was read before the cut, adds no layer
+// half read, asks for nothing and raises no MapLoaded.
+TEST(MapDefinitionCut, EveryCutKeepsWhatWasReadBeforeIt)
+{
+    const DWBUffer whole = messages::buildMessage(santiago());
+    int layersBefore = 0;
+    for (std::int64_t length = 10; length < whole.TamanoBuffer(); ++length) {
+        ScriptedUiServices ui;
+        Viewer viewer;
+        viewer.setUiServices(ui);
+        QSignalSpy loaded(&viewer, &Viewer::MapLoaded);
+        DWBUffer cut(whole.bytes().first(static_cast<std::size_t>(length)));
+        cut.cerrarMensaje(0);
+        const wsckComandos dispatch(viewer);
+        EXPECT_THROW(dispatch(cut), WireReadError) << length;
+        EXPECT_EQ(loaded.size(), 0);
+        EXPECT_EQ(viewer.PendingRequests(), -1);
+        EXPECT_GE(viewer.Layers().count(), layersBefore) << length;
+        EXPECT_LT(viewer.Layers().count(), 3);
+        layersBefore = viewer.Layers().count();
+        if (viewer.Layers().count() > 0) {
+            EXPECT_EQ(viewer.Nombre, "Santiago Ñuñoa");
+            EXPECT_EQ(viewer.Projection(), 81);
+            EXPECT_EQ(viewer.Layers().Item(1)->ThematicMap().count(), 3);
+        }
+    }
+    EXPECT_EQ(layersBefore, 2);
+}
+
+TEST_F(MapDefinitionLoader, ACutDefinitionAsksForNothing)
+{
+    const DWBUffer whole = messages::buildMessage(santiago());
+    deliver(cutShort(whole, whole.TamanoBuffer() - 3));
+    EXPECT_EQ(abandoned.size(), 1);
+    EXPECT_EQ(viewer.Layers().count(), 2);
+    EXPECT_TRUE(arrivedRequests().empty());
+    EXPECT_EQ(viewer.PendingRequests(), 0);
+}
+
+TEST_F(MapDefinitionLoader, ALayerIdGivenTwiceStopsTheDefinitionThere)
+{
+    QSignalSpy loaded(&viewer, &Viewer::MapLoaded);
+    MapDefinition twice = santiago();
+    twice.layers[2].id = 30;
+    reply(twice);
+    EXPECT_EQ(abandoned.size(), 1);
+    EXPECT_EQ(viewer.Layers().count(), 2);
+    EXPECT_EQ(viewer.Layers().Find(30)->Nombre, "Predios");
+    EXPECT_EQ(loaded.size(), 0);
+    EXPECT_TRUE(arrivedRequests().empty());
+}
+
+// The projection code picks the projection the view goes through; a code
+// that names none leaves the map without a view.
+struct ProjectionCase {
+    std::int16_t code;
+    bool shown;
+    // Whether the projected plane is in metres rather than degrees.
+    bool metres;
+};
+
+class MapProjection : public PlayedServer, public ::testing::WithParamInterface<ProjectionCase> {};
+
+TEST_P(MapProjection, TheCodeSelectsTheProjection)
+{
+    MapDefinition map = santiago();
+    map.projection = GetParam().code;
+    reply(map);
+    reply(messages::LayerAccessLevels{});
+    EXPECT_EQ(viewer.Projection(), GetParam().code);
+    ASSERT_EQ(viewer.viewport().viewReady(), GetParam().shown);
+    if (GetParam().shown) {
+        EXPECT_EQ(std::abs(viewer.viewport().centre().x) > 1000, GetParam().metres);
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Codes, MapProjection,
+                         ::testing::Values(ProjectionCase{0, true, false}, ProjectionCase{1, true, true},
+                                           ProjectionCase{81, true, true}, ProjectionCase{119, true, true},
+                                           ProjectionCase{2, false, false}, ProjectionCase{200, false, false}));
+
+} // namespace
