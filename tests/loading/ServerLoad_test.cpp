@@ -1,0 +1,102 @@
+#include "ScriptedUiServices.h"
+#include "Viewer.h"
+
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace orbelan;
+
+namespace {
+
+const QString kServer = QStringLiteral(ORBELAN_SERVER_PROGRAM);
+constexpr int kProgramMilliseconds = 120'000;
+constexpr int kLoadMilliseconds = 30'000;
+// The demo's users: the administrator draws on every layer of Santiago, the
+// guest has no access to it.
+constexpr std::int32_t kAdministrator = 1;
+constexpr std::int32_t kGuest = 3;
+constexpr std::int32_t kSantiago = 1;
+
+// orbelan-server serving the Santiago demo map from a store of its own.
+class DemoServer : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(folder.isValid());
+        const QString store = folder.filePath(QStringLiteral("demo.sqlite"));
+        QProcess demo;
+        demo.start(kServer, {"demo", "--db", store, "--offline", "--data", folder.path()});
+        ASSERT_TRUE(demo.waitForFinished(kProgramMilliseconds));
+        ASSERT_EQ(demo.exitCode(), 0) << demo.readAll().toStdString();
+
+        server.setProcessChannelMode(QProcess::MergedChannels);
+        server.start(kServer, {"serve", "--db", store, "--port", "0"});
+        const QRegularExpression listening(QStringLiteral("listening on 127\\.0\\.0\\.1:(\\d+)"));
+        QString log;
+        while (port == 0 && server.waitForReadyRead(kProgramMilliseconds)) {
+            log += QString::fromUtf8(server.readAll());
+            if (const auto found = listening.match(log); found.hasMatch()) {
+                port = static_cast<quint16>(found.captured(1).toUInt());
+            }
+        }
+        ASSERT_NE(port, 0) << log.toStdString();
+    }
+
+    void TearDown() override
+    {
+        server.kill();
+        server.waitForFinished();
+    }
+
+    void show(std::int32_t user)
+    {
+        viewer.setUiServices(ui);
+        viewer.resize(640, 480);
+        viewer.setURL(QStringLiteral("127.0.0.1"));
+        viewer.setPort(port);
+        viewer.setIDUser(user);
+        viewer.setMapCode(kSantiago);
+        viewer.show();
+    }
+
+    QTemporaryDir folder;
+    QProcess server;
+    quint16 port = 0;
+    ScriptedUiServices ui;
+    Viewer viewer;
+};
+
+TEST_F(DemoServer, SantiagoLoadsItsLayersAndTheCellsOfTheFirstView)
+{
+    show(kAdministrator);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.layerscargados; }, kLoadMilliseconds));
+    EXPECT_EQ(viewer.Nombre, "Santiago");
+    ASSERT_GE(viewer.Layers().count(), 1);
+    EXPECT_TRUE(viewer.viewport().viewReady());
+    int entities = 0;
+    for (const layer& mapLayer : viewer.Layers()) {
+        EXPECT_EQ(mapLayer.AccessLevel, ALDraw) << mapLayer.Nombre;
+        EXPECT_EQ(mapLayer.ThematicMap().Item(1)->min, "MICanyMIC");
+        entities += mapLayer.Entidades.count();
+    }
+    EXPECT_GT(entities, 0);
+    for (const ShownMessage& box : ui.messages()) {
+        EXPECT_NE(box.text, "Acceso Denegado");
+    }
+}
+
+TEST_F(DemoServer, AUserWithoutAccessIsRefused)
+{
+    show(kGuest);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !ui.messages().empty(); }, kLoadMilliseconds));
+    EXPECT_EQ(ui.messages().front().text, "Acceso Denegado");
+    EXPECT_EQ(ui.messages().front().icon, MessageIcon::Critical);
+    EXPECT_EQ(viewer.Layers().count(), 0);
+    EXPECT_EQ(viewer.PendingRequests(), 0);
+}
+
+} // namespace
