@@ -8,6 +8,7 @@
 #include <QSignalSpy>
 
 #include <cmath>
+#include <limits>
 
 using namespace orbelan;
 using messages::FieldRecord;
@@ -278,6 +279,31 @@ TEST_F(MapDefinitionLoader, ALayerIdGivenTwiceStopsTheDefinitionThere)
     EXPECT_EQ(viewer.Layers().Find(30)->Nombre, "Predios");
     EXPECT_EQ(loaded.size(), 0);
     EXPECT_TRUE(arrivedRequests().empty());
+}
+
+// Extents and grids no map could have still leave a control that answers.
+TEST_F(MapDefinitionLoader, NonsenseExtentsAndGridsAreSurvived)
+{
+    const float nan = std::numeric_limits<float>::quiet_NaN();
+    const float infinity = std::numeric_limits<float>::infinity();
+    for (const float value : {nan, infinity, -infinity, 3.4e38f}) {
+        MapDefinition map = santiago();
+        map.minX = value;
+        map.maxY = -value;
+        for (LayerRecord& record : map.layers) {
+            record.id += 100;
+            record.gridDeltaX = value;
+            record.gridDeltaY = 0;
+            record.zoomMax = value;
+        }
+        viewer.Layers().Clear();
+        reply(map);
+        reply(messages::LayerAccessLevels{});
+        viewer.ZoomIn();
+        viewer.Redraw();
+        EXPECT_EQ(viewer.Layers().count(), 3);
+    }
+    EXPECT_TRUE(abandoned.isEmpty());
 }
 
 // The projection code picks the projection the view goes through; a code
