@@ -1,6 +1,7 @@
 #include "wsckComandos.h"
 
 #include "AccessLoader.h"
+#include "CellFieldValuesLoader.h"
 #include "CellGeometryLoader.h"
 #include "LayerDefinitionLoader.h"
 #include "MapDefinitionLoader.h"
@@ -29,6 +30,7 @@ using enum CommandCode;
 constexpr std::array kRoutes = {
     Route{MapDefinition, loadMapDefinition},
     Route{CellGeometry, loadCellGeometry},
+    Route{CellFieldValues, loadCellFieldValues},
     Route{FieldDefinition, loadFieldDefinition},
     Route{NoAction107, nullptr},
     Route{NoAction108, nullptr},
