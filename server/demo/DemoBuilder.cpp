@@ -14,6 +14,8 @@ namespace {
 constexpr std::int32_t kUnitedStates = 2;
 constexpr std::int32_t kWorld = 3;
 constexpr std::int32_t kDemoMaps[] = {SantiagoGenerator::kMapCode, kUnitedStates, kWorld};
+// Longitude and latitude of the 48 conterminous states.
+constexpr Extent kConterminousStates{-125.0, 24.0, -66.5, 49.5};
 constexpr std::int16_t kAlbers = 1;
 constexpr std::int16_t kLatitudeLongitude = 0;
 constexpr std::int16_t kNoFill = 1;
@@ -78,6 +80,10 @@ void DemoBuilder::importAtlases(const QString& dataFolder)
         atlasLayer(DemoData::usAtlas(dataFolder), "states", kUnitedStates, 202, "States");
     states.fillStyle = kNoFill;
     importer.import(states);
+    // The atlas reaches from Guam to the Virgin Islands across the date line;
+    // an equal-area cone fitted to all of that shows nothing. The map opens
+    // on the conterminous states and pans to the rest.
+    MapWriter(database_).setMapExtent(kUnitedStates, kConterminousStates);
     ImportOptions countries =
         atlasLayer(DemoData::worldAtlas(dataFolder), "countries", kWorld, 301, "Countries");
     countries.mapName = QStringLiteral("World");

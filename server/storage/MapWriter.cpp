@@ -137,6 +137,15 @@ void MapWriter::extendMapExtent(std::int32_t code, const Extent& box)
     });
 }
 
+void MapWriter::setMapExtent(std::int32_t code, const Extent& box)
+{
+    database_.transaction([&] {
+        QSqlQuery update = database_.prepare(
+            QStringLiteral("UPDATE maps SET min_x = ?, min_y = ?, max_x = ?, max_y = ? WHERE code = ?"));
+        Database::runWith(update, {box.minX, box.minY, box.maxX, box.maxY, code});
+    });
+}
+
 void MapWriter::removeMap(std::int32_t code)
 {
     database_.transaction([&] {

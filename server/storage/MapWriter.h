@@ -44,6 +44,8 @@ public:
     // Grows the map's extent to cover the box; a new map (extent all zero)
     // takes the box as it is.
     void extendMapExtent(std::int32_t code, const Extent& box);
+    // Sets the box the map opens on, whatever its data cover.
+    void setMapExtent(std::int32_t code, const Extent& box);
     // Appends a layer to the map's drawing order with its fields, its classes
     // and its attribute table; its id is the record's when above 0, else the
     // next free one, and is returned. The grid bounds of the record are not
