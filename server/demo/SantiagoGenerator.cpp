@@ -1,5 +1,6 @@
 #include "SantiagoGenerator.h"
 
+#include "FieldTypes.h"
 #include "SantiagoNames.h"
 
 #include <cmath>
@@ -15,10 +16,6 @@ constexpr int kParcelsPerSide = 2;
 constexpr std::size_t kResidential = 0;
 constexpr std::size_t kCommercial = 1;
 constexpr std::int16_t kUtm19South = 81;
-constexpr std::int16_t kText = 202;
-constexpr std::int16_t kLong = 3;
-constexpr std::int16_t kInteger = 2;
-constexpr std::int16_t kDouble = 5;
 
 constexpr std::int32_t rgb(std::int32_t red, std::int32_t green, std::int32_t blue)
 {
@@ -43,8 +40,8 @@ messages::LayerRecord streetsLayer()
     layer.labelZoomMax = 3.0f;
     layer.labelVisibility = 1;
     layer.labelColor = rgb(60, 60, 60);
-    layer.fields = {{"STREET", kText}, {"FROML", kLong}, {"TOL", kLong},
-                    {"FROMR", kLong},  {"TOR", kLong},   {"DIR", kInteger}};
+    layer.fields = {{"STREET", fieldtype::kVarChar}, {"FROML", fieldtype::kInteger}, {"TOL", fieldtype::kInteger},
+                    {"FROMR", fieldtype::kInteger},  {"TOR", fieldtype::kInteger},   {"DIR", fieldtype::kSmallInteger}};
     return layer;
 }
 
@@ -60,7 +57,7 @@ messages::LayerRecord parcelsLayer()
     layer.fillColor = rgb(240, 240, 240);
     layer.thematicField = "USO";
     layer.thematicType = 1;
-    layer.fields = {{"ROL", kText}, {"USO", kText}, {"AREA", kDouble}};
+    layer.fields = {{"ROL", fieldtype::kVarChar}, {"USO", fieldtype::kVarChar}, {"AREA", fieldtype::kDouble}};
     for (const auto& use : SantiagoNames::landUses()) {
         layer.classes.push_back({std::string(use.name), std::string(use.name), rgb(160, 160, 160),
                                  0, 1, use.fillColor, 0});
@@ -85,7 +82,7 @@ messages::LayerRecord placesLayer()
     layer.labelColor = rgb(30, 30, 30);
     layer.thematicField = "TIPO";
     layer.thematicType = 1;
-    layer.fields = {{"NOMBRE", kText}, {"TIPO", kText}};
+    layer.fields = {{"NOMBRE", fieldtype::kVarChar}, {"TIPO", fieldtype::kVarChar}};
     for (const auto& kind : SantiagoNames::placeKinds()) {
         layer.classes.push_back({std::string(kind.name), std::string(kind.name), kind.fillColor, 0,
                                  6, kind.fillColor, 0});

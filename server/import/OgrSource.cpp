@@ -1,5 +1,7 @@
 #include "OgrSource.h"
 
+#include "FieldTypes.h"
+
 #include <gdal_priv.h>
 #include <ogr_spatialref.h>
 #include <ogrsf_frmts.h>
@@ -11,11 +13,6 @@
 namespace orbelan::server {
 
 namespace {
-
-constexpr std::int16_t kAdoInteger = 3;
-constexpr std::int16_t kAdoBigInt = 20;
-constexpr std::int16_t kAdoDouble = 5;
-constexpr std::int16_t kAdoText = 202;
 
 void closeDataset(GDALDataset* dataset)
 {
@@ -129,13 +126,13 @@ std::int16_t OgrSource::adoType(int ogrFieldType)
 {
     switch (ogrFieldType) {
     case OFTInteger:
-        return kAdoInteger;
+        return fieldtype::kInteger;
     case OFTInteger64:
-        return kAdoBigInt;
+        return fieldtype::kBigInteger;
     case OFTReal:
-        return kAdoDouble;
+        return fieldtype::kDouble;
     default:
-        return kAdoText;
+        return fieldtype::kVarChar;
     }
 }
 
