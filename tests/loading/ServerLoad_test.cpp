@@ -1,3 +1,4 @@
+#include "OleColor.h"
 #include "ScriptedUiServices.h"
 #include "Viewer.h"
 
@@ -7,6 +8,8 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <set>
 
 using namespace orbelan;
 
@@ -87,6 +90,43 @@ TEST_F(DemoServer, SantiagoLoadsItsLayersAndTheCellsOfTheFirstView)
     for (const ShownMessage& box : ui.messages()) {
         EXPECT_NE(box.text, "Acceso Denegado");
     }
+}
+
+TEST_F(DemoServer, ZoomedInTheParcelsShowTheirClassColours)
+{
+    show(kAdministrator);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.layerscargados && viewer.PendingRequests() == 0; },
+                                kLoadMilliseconds));
+    viewer.SetView(-70.67, -33.46, -70.66, -33.452);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.connection().idle(); }, kLoadMilliseconds));
+    const layer* parcels = viewer.Layers().Item(1);
+    ASSERT_EQ(parcels->Nombre, "Predios");
+    ASSERT_FALSE(parcels->DrawnIDs().empty());
+
+    // Streets and places may cover a few centroids; nearly all must show the fill.
+    const QImage picture = viewer.grab().toImage();
+    int probed = 0;
+    int filled = 0;
+    std::set<std::int32_t> classes;
+    for (const std::int32_t id : parcels->DrawnIDs()) {
+        const Entidad& parcel = *parcels->Entidades.Find(id);
+        MapPoint plane;
+        ASSERT_TRUE(viewer.viewport().project(parcel.Centroide().X, parcel.Centroide().Y, plane));
+        const QPoint pixel(static_cast<int>(viewer.viewport().WorldToScreenX(plane.x)),
+                           static_cast<int>(viewer.viewport().WorldToScreenY(plane.y)));
+        if (!picture.rect().contains(pixel)) {
+            continue;
+        }
+        const Theme& theme = *parcels->ThematicMap().Item(parcel.ThemeCode);
+        ++probed;
+        classes.insert(parcel.ThemeCode);
+        filled += picture.pixelColor(pixel) == olecolor::toQColor(static_cast<std::uint32_t>(theme.FillColor),
+                                                                   viewer.palette());
+    }
+    ASSERT_GT(probed, 20);
+    // The land-use values arrived: the parcels fall into several classes.
+    EXPECT_GE(classes.size(), 3u);
+    EXPECT_GT(filled, probed * 8 / 10) << filled << " of " << probed;
 }
 
 TEST_F(DemoServer, AUserWithoutAccessIsRefused)
