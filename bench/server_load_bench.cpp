@@ -4,6 +4,7 @@
 // Reports cell requests per second (all connections together) and the p50
 // and p99 latency of one cell request.
 
+#include "DemoServerThread.h"
 #include "AccessAnswer.h"
 #include "AccessRequest.h"
 #include "CellGeometry.h"
@@ -43,46 +44,6 @@ using namespace orbelan::messages;
 using Clock = std::chrono::steady_clock;
 
 namespace {
-
-// The server over a demo store, in a thread of its own.
-class ServerUnderLoad : public QThread {
-public:
-    explicit ServerUnderLoad(QString path)
-        : path_(std::move(path))
-    {
-    }
-    ~ServerUnderLoad() override
-    {
-        quit();
-        wait();
-    }
-    quint16 startServing()
-    {
-        start();
-        while (port_ == 0 && isRunning()) {
-            QThread::msleep(5);
-        }
-        return port_;
-    }
-
-protected:
-    void run() override
-    {
-        server::Database database(path_);
-        server::MapReader reader(database);
-        std::ostringstream quiet;
-        server::ServerLog log(quiet, false);
-        server::MapServer mapServer(reader, log);
-        if (mapServer.listen(QHostAddress::LocalHost, 0)) {
-            port_ = mapServer.port();
-            exec();
-        }
-    }
-
-private:
-    QString path_;
-    std::atomic<quint16> port_{0};
-};
 
 // One client connection that waits for each reply.
 class LoadClient {
@@ -160,17 +121,6 @@ double percentile(std::vector<double>& values, double fraction)
                      values.end());
     return values[index];
 }
-
-struct DemoStore {
-    QTemporaryDir dir;
-    QString path = dir.filePath(QStringLiteral("demo.sqlite"));
-    DemoStore()
-    {
-        server::Database database(path);
-        std::ostringstream report;
-        server::DemoBuilder(database, report).build();
-    }
-};
 
 void BM_SantiagoCellRequests(benchmark::State& state)
 {

@@ -1,0 +1,135 @@
+// The whole road from a server to a drawn map: orbelan-server on loopback
+// with the demo store, and a Viewer from its first show to the redraw that
+// follows the last cell. Also the parse of one reply 102 into entities.
+
+#include "CellGeometry.h"
+#include "CellGeometryLoader.h"
+#include "DemoServerThread.h"
+#include "MessageIO.h"
+#include "ScriptedUiServices.h"
+#include "Viewer.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
+
+#include <chrono>
+#include <cstdlib>
+#include <memory>
+
+using namespace orbelan;
+
+namespace {
+
+constexpr std::int32_t kAdministrator = 1;
+constexpr std::int32_t kSantiago = 1;
+constexpr std::int32_t kUnitedStates = 2;
+constexpr qint64 kLoadLimitMilliseconds = 60'000;
+
+// The atlas packages that scripts/run.sh fetched, when it has run.
+QString atlasFolder()
+{
+    const QString folder = QStringLiteral(ORBELAN_SOURCE_DIR "/build/demo-data");
+    return QDir(folder + QStringLiteral("/node_modules")).exists() ? folder : QString();
+}
+
+DemoStore& store()
+{
+    static DemoStore demo(atlasFolder());
+    return demo;
+}
+
+// Seconds from the first show until the map is loaded and every reply is in.
+double loadSeconds(quint16 port, std::int32_t map)
+{
+    ScriptedUiServices ui;
+    Viewer viewer;
+    viewer.setUiServices(ui);
+    viewer.resize(1280, 800);
+    viewer.setURL(QStringLiteral("127.0.0.1"));
+    viewer.setPort(port);
+    viewer.setIDUser(kAdministrator);
+    viewer.setMapCode(map);
+    QElapsedTimer clock;
+    clock.start();
+    viewer.show();
+    while (!(viewer.layerscargados && viewer.connection().idle()) && clock.elapsed() < kLoadLimitMilliseconds) {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 1);
+    }
+    return viewer.layerscargados ? static_cast<double>(clock.nsecsElapsed()) / 1e9 : -1;
+}
+
+void BM_LoadMap(benchmark::State& state, std::int32_t map)
+{
+    if (map == kUnitedStates && atlasFolder().isEmpty()) {
+        state.SkipWithError("the us-atlas package is not in build/demo-data: run scripts/run.sh once");
+        return;
+    }
+    ServerUnderLoad server(store().path);
+    const quint16 port = server.startServing();
+    for (auto _ : state) {
+        const double seconds = loadSeconds(port, map);
+        if (seconds < 0) {
+            state.SkipWithError("the map did not load");
+            return;
+        }
+        state.SetIterationTime(seconds);
+    }
+}
+BENCHMARK_CAPTURE(BM_LoadMap, santiago, kSantiago)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_LoadMap, united_states, kUnitedStates)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+// One cell of 20,000 lines of 10 vertices, relative coordinates as the server
+// sends a city's cell.
+DWBUffer bigCell()
+{
+    messages::CellGeometry cell;
+    cell.layer = 7;
+    for (std::int32_t id = 1; id <= 20'000; ++id) {
+        messages::CellElement element{id, {}};
+        for (int k = 0; k < 10; ++k) {
+            element.points.push_back({-70.6 + id * 1e-6 + k * 1e-5, -33.4 + k * 1e-5});
+        }
+        cell.elements.push_back(std::move(element));
+    }
+    cell.chooseCoordinates();
+    return messages::buildMessage(cell);
+}
+
+void BM_ParseCellGeometry(benchmark::State& state)
+{
+    const DWBUffer message = bigCell();
+    std::int64_t vertices = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        auto viewer = std::make_unique<Viewer>();
+        viewer->Layers().AddLayer("Calles", 7, polylinelayer, *viewer);
+        DWBUffer reply(message.bytes());
+        reply.GetFromBuffer(10);
+        state.ResumeTiming();
+        loadCellGeometry(reply, viewer->connection(), *viewer);
+        state.PauseTiming();
+        vertices += 20'000 * 10;
+        viewer.reset();
+        state.ResumeTiming();
+    }
+    state.counters["vertices_per_s"] = benchmark::Counter(static_cast<double>(vertices), benchmark::Counter::kIsRate);
+}
+BENCHMARK(BM_ParseCellGeometry)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // The Viewer is a widget, which needs an application but no screen.
+    if (std::getenv("QT_QPA_PLATFORM") == nullptr) {
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    }
+    QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
