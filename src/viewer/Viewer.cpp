@@ -24,6 +24,7 @@
 #include <QLabel>
 #include <QPainter>
 #include <QRubberBand>
+#include <QTimer>
 #include <QWheelEvent>
 #include <QSignalBlocker>
 
@@ -293,6 +294,18 @@ QString Viewer::statusText() const
 void Viewer::changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName)
 {
     status_.change(layerId, step, layerName);
+    // Laying out the label's text costs far more than a step: a map of many
+    // cells changes the list hundreds of times between two paints, so the
+    // label is brought up to date once, when the event loop comes round.
+    if (!statusRefreshPending_) {
+        statusRefreshPending_ = true;
+        QTimer::singleShot(0, this, &Viewer::refreshStatusLabel);
+    }
+}
+
+void Viewer::refreshStatusLabel()
+{
+    statusRefreshPending_ = false;
     lblstatus_->setText(status_.text());
     lblstatus_->adjustSize();
 }

@@ -252,6 +252,7 @@ private:
     void placeCompanyLabel();
     void placeIndicators();
     void applyColors();
+    void refreshStatusLabel();
     void zoomAboutCentre(float factor);
     void panByQuarter(int dx, int dy);
     bool navigationKey(int key);
@@ -291,6 +292,7 @@ private:
 
     ActivityShape* shpReadingData_ = nullptr;
     QLabel* lblstatus_ = nullptr;
+    bool statusRefreshPending_ = false;
     QLabel* lblCompany_ = nullptr;
 
     bool userMode_ = true;
