@@ -25,8 +25,8 @@ MainWindow::MainWindow(Viewer* viewer)
     reportEvents();
 }
 
-// One entry per public method of the control that takes no arguments, so the
-// menu grows with the control.
+// One entry per public command of the control that takes no arguments and
+// returns nothing, so the menu grows with the control.
 void MainWindow::addMenus()
 {
     QMenu* file = menuBar()->addMenu(tr("&File"));
@@ -36,7 +36,9 @@ void MainWindow::addMenus()
     const QMetaObject* type = viewer_->metaObject();
     for (int index = type->methodOffset(); index < type->methodCount(); ++index) {
         const QMetaMethod method = type->method(index);
-        if (method.methodType() != QMetaMethod::Method || method.parameterCount() != 0) {
+        const bool command = method.methodType() == QMetaMethod::Method && method.parameterCount() == 0 &&
+                             method.returnMetaType().id() == QMetaType::Void;
+        if (!command) {
             continue;
         }
         map->addAction(QString::fromUtf8(method.name()), this,
