@@ -1,0 +1,39 @@
+#include "MainWindow.h"
+#include "Viewer.h"
+
+#include <QMenu>
+#include <QMenuBar>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace {
+
+QStringList entriesOf(const QMenu& menu)
+{
+    QStringList entries;
+    for (const QAction* action : menu.actions()) {
+        entries << action->text();
+    }
+    return entries;
+}
+
+TEST(MainWindow, TheMapMenuOffersTheControlsCommandsButNoQueries)
+{
+    auto* viewer = new orbelan::Viewer;
+    viewer->setUserMode(false);
+    orbelan::MainWindow window(viewer);
+    const auto menus = window.menuBar()->findChildren<QMenu*>();
+    const auto map = std::find_if(menus.begin(), menus.end(),
+                                  [](const QMenu* menu) { return menu->title() == "&Map"; });
+    ASSERT_NE(map, menus.end());
+    const QStringList entries = entriesOf(**map);
+    for (const char* command : {"About", "ZoomIn", "ZoomOut", "ZoomExtents", "ZoomWindow", "Pan", "Redraw"}) {
+        EXPECT_TRUE(entries.contains(command)) << command;
+    }
+    EXPECT_FALSE(entries.contains("CurrentZoom"));
+    EXPECT_FALSE(entries.contains("SetView"));
+}
+
+} // namespace
