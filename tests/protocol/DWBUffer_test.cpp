@@ -131,15 +131,6 @@ TEST(DWBUfferWriting, ClosingWritesOnlyTheLengthField)
     EXPECT_EQ(headless.buffer(), (Bytes{1, 2, 3}));
 }
 
-TEST(DWBUfferWriting, CrearHeaderDiscardsEverything)
-{
-    DWBUffer message(kGolden);
-    message.GetLong();
-    message.ClearBuffer();
-    EXPECT_EQ(message.buffer(), (Bytes{'M', 'I', 'C', ' ', 0, 0, 0, 0}));
-    EXPECT_EQ(message.readPosition(), 1);
-}
-
 TEST(DWBUfferReading, TheGoldenMessageReadsBackInFieldOrder)
 {
     DWBUffer message(kGolden);

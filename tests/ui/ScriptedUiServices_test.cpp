@@ -193,20 +193,6 @@ TEST_F(ScriptedUiServicesTest, AComboTakesAnItemTextFirstAndOtherwiseAZeroBasedI
     EXPECT_EQ(form.cboKind->currentText(), "Point");
 }
 
-TEST_F(ScriptedUiServicesTest, ACheckBoxKnowsTheWordsForTrueAndFalse)
-{
-    for (const char* value : {"1", "-1", "TRUE", "Yes"}) {
-        form.chkBold->setChecked(false);
-        runWith("chkBold", value);
-        EXPECT_TRUE(form.chkBold->isChecked()) << value;
-    }
-    for (const char* value : {"0", "false", "NO", ""}) {
-        form.chkBold->setChecked(true);
-        runWith("chkBold", value);
-        EXPECT_FALSE(form.chkBold->isChecked()) << value;
-    }
-}
-
 TEST_F(ScriptedUiServicesTest, AValueTheFieldCannotTakeIsRefused)
 {
     const std::vector<std::pair<QString, QString>> refused{

@@ -7,15 +7,6 @@
 using namespace orbelan;
 using enum MessageAnswer;
 
-TEST(MessageNames, IconsUseTheWordsOfTheHostsMsgboxLines)
-{
-    EXPECT_EQ(iconName(MessageIcon::None), "none");
-    EXPECT_EQ(iconName(MessageIcon::Critical), "critical");
-    EXPECT_EQ(iconName(MessageIcon::Question), "question");
-    EXPECT_EQ(iconName(MessageIcon::Exclamation), "exclamation");
-    EXPECT_EQ(iconName(MessageIcon::Information), "information");
-}
-
 TEST(MessageNames, AnswerNamesParseBackInAnyLetterCase)
 {
     for (MessageAnswer answer : {OK, Cancel, Abort, Retry, Ignore, Yes, No})
