@@ -11,6 +11,7 @@ packages=(
   libproj-dev
   clang libclang-rt-14-dev
   qt6-base-dev qt6-qpa-plugins libqt6sql6-sqlite
+  fonts-liberation
   libgdal-dev
 )
 
