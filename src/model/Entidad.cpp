@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <numbers>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -58,6 +59,39 @@ double trapezoid(const Vertex& from, const Vertex& to, Vertex& centroid)
     centroid = {(rectangle * rectangleCentre.X + triangle * triangleCentre.X) / area,
                 (rectangle * rectangleCentre.Y + triangle * triangleCentre.Y) / area};
     return area;
+}
+
+// Where a label goes and how it turns and aligns, as the surface's text
+// primitive takes them.
+struct LabelAnchor {
+    Vertex position;
+    double angle = 0;
+    std::int16_t align = 1;
+};
+
+constexpr std::int16_t kAlignTopLeft = 1;
+constexpr std::int16_t kAlignAcross = 3;
+// A first segment narrower than this in the plane counts as vertical.
+constexpr double kVerticalWidth = 1E-7;
+
+// A line's label runs along its first segment (a single vertex counts as a
+// vertical one) from the segment's middle in the plane.
+std::optional<LabelAnchor> firstSegmentAnchor(std::span<const Vertex> points, const MapCanvas& Wnd)
+{
+    Vertex from;
+    Vertex to;
+    if (points.empty() || !Wnd.ToPlane(points[0], from) || !Wnd.ToPlane(points[points.size() > 1 ? 1 : 0], to)) {
+        return std::nullopt;
+    }
+    const double dx = to.X - from.X;
+    const double dy = to.Y - from.Y;
+    LabelAnchor anchor;
+    anchor.angle = std::fabs(dx) <= kVerticalWidth ? 90.0 : std::atan(dy / dx) * 180.0 / std::numbers::pi;
+    anchor.align = kAlignAcross;
+    if (!Wnd.FromPlane({(from.X + to.X) / 2, (from.Y + to.Y) / 2}, anchor.position)) {
+        return std::nullopt;
+    }
+    return anchor;
 }
 
 } // namespace
@@ -378,6 +412,27 @@ void Entidad::DrawDirection(MapCanvas& Wnd) const
     for (std::size_t k = 1; k < screen.size(); ++k) {
         Wnd.DrawDirectionMark(screen[k - 1], screen[k], Direction);
     }
+}
+
+void Entidad::DrawEntityLabel(MapCanvas& Wnd) const
+{
+    if (IDLabel == 0) {
+        return;
+    }
+    const TipoLayer tipo = kind();
+    const layer& owner = *parentLayer;
+    const Dictionary* label = owner.Labels().Find(IDLabel);
+    std::optional<LabelAnchor> anchor;
+    if (tipo == pointlayer || tipo == polygonlayer) {
+        anchor = LabelAnchor{Centroide(), 0, tipo == pointlayer ? kAlignTopLeft : kAlignAcross};
+    } else {
+        anchor = firstSegmentAnchor(points_, Wnd);
+    }
+    if (label == nullptr || !anchor) {
+        return;
+    }
+    Wnd.DrawRotatedText(anchor->position.X, anchor->position.Y, anchor->angle, label->word, owner.lblBold,
+                        owner.lblColor, anchor->align);
 }
 
 } // namespace orbelan

@@ -103,6 +103,12 @@ public:
     // A direction mark on every segment between stored positions, unless
     // the entity's Direction is 0.
     void DrawDirection(MapCanvas& Wnd) const;
+    // The entity's label text, when it has one (IDLabel is not 0), in the
+    // layer's label colour and weight: a point's starts at the point, a
+    // polygon's at its centroid, centred across the text; a line's starts at
+    // the middle of its first segment and runs along it (upwards when the
+    // segment is vertical or the line has one vertex).
+    void DrawEntityLabel(MapCanvas& Wnd) const;
     // The positions of the last full drawing; empty when there is none.
     std::span<const ScreenPoint> ScreenPoints() const;
 

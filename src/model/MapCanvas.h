@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace orbelan {
@@ -27,6 +28,10 @@ public:
     // The screen position of every vertex (longitude, latitude), one per
     // vertex, in order.
     virtual void ToScreen(std::span<const Vertex> vertices, std::span<ScreenPoint> screen) const = 0;
+    // A geographic point (longitude, latitude) in the map's projected plane
+    // and back; false when the projection has no answer for it.
+    virtual bool ToPlane(const Vertex& geographic, Vertex& plane) const = 0;
+    virtual bool FromPlane(const Vertex& plane, Vertex& geographic) const = 0;
 
     // One dot per point, DrawWidth wide, in DrawColor; nothing when the
     // class draws no outline (DrawStyle 5).
@@ -41,6 +46,12 @@ public:
     // The arrowhead on the middle of a segment that shows a line's direction:
     // along the segment, or against it for direction -1.
     virtual void DrawDirectionMark(ScreenPoint from, ScreenPoint to, std::int16_t direction) = 0;
+    // A label at the geographic point (X, Y), turned angle degrees
+    // counter-clockwise, in the label font and color. The point is the
+    // text's top-left corner (align 1), the middle of its top side (align 2)
+    // or the middle of its starting side (align 3), all as the text turns.
+    virtual void DrawRotatedText(double X, double Y, double angle, const std::string& text, bool bold,
+                                 std::int32_t color, std::int16_t align) = 0;
 };
 
 } // namespace orbelan

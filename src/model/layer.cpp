@@ -582,6 +582,32 @@ void layer::RedrawWOCalc(const BoundingBox& BBox, MapCanvas& Wnd)
     }
 }
 
+void layer::DrawLabels(const BoundingBox& BBox, MapCanvas& Wnd)
+{
+    if (!Loaded || !Visible) {
+        return;
+    }
+    lblVisible = CalculateLabelVisibility();
+    if (!lblVisible || !BBox.InterseccionCon(bb) || labels_.count() == 0) {
+        return;
+    }
+    // Indexed by label position; an entity whose IDLabel has no text has
+    // no label to draw either.
+    std::vector<bool> used(static_cast<std::size_t>(labels_.count()) + 1, false);
+    for (const Entidad* entity : drawnEntities()) {
+        if (entity == nullptr || !isShown(*entity) || entity->IDLabel < 0 || entity->IDLabel > labels_.count()) {
+            continue;
+        }
+        if (!lblAllowDuplicates) {
+            if (used[entity->IDLabel]) {
+                continue;
+            }
+            used[entity->IDLabel] = true;
+        }
+        entity->DrawEntityLabel(Wnd);
+    }
+}
+
 void layer::DrawDirections(const BoundingBox& BBox, MapCanvas& Wnd)
 {
     if (!Loaded || !Visible || (Tipo != polylinelayer && Tipo != 3)) {

@@ -188,6 +188,11 @@ public:
     // The direction marks of the drawn lines of a loaded, visible layer,
     // when they show at this scale (DirectionVisible is stored).
     void DrawDirections(const BoundingBox& BBox, MapCanvas& Wnd);
+    // The labels of the drawn, shown entities of a loaded, visible layer,
+    // when they show at this scale (lblVisible is stored). Unless
+    // lblAllowDuplicates, a text is drawn once: for the first entity in
+    // DrawnIDs that carries it.
+    void DrawLabels(const BoundingBox& BBox, MapCanvas& Wnd);
     // Draws the entity highlighted: red, twice its class's width (1 when the
     // default class has width 0), and a polygon filled solid in the colour
     // of a new class.

@@ -142,4 +142,55 @@ TEST(EntidadDrawing, DrawingAgainWithoutScreenPointsProjectsForTheCurrentView)
     EXPECT_FALSE(entity.Draw(canvas.view, canvas, orbelan::ImageLayer));
 }
 
+// The recording surface's plane doubles X, so a line's angle and middle
+// show that they are taken in the plane.
+TEST(EntidadLabel, PlacedByKindAtTheRightAngleAndAlignment)
+{
+    struct Case {
+        TipoLayer kind;
+        std::vector<Vertex> vertices;
+        Vertex position;
+        double angle;
+        std::int16_t align;
+    };
+    const std::vector<Case> cases = {
+        {orbelan::pointlayer, {{3, 4}}, {3, 4}, 0, 1},
+        {orbelan::polygonlayer, kUnitSquare, {0.5, 0.5}, 0, 3},
+        {orbelan::polylinelayer, {{0, 0}, {1, 1}, {9, 9}}, {0.5, 0.5}, std::atan(0.5) * 180 / M_PI, 3},
+        {orbelan::polylinelayer, {{2, 0}, {0, 1}}, {1, 0.5}, -std::atan(0.25) * 180 / M_PI, 3},
+        {orbelan::polylinelayer, {{1, 5}, {1, 2}}, {1, 3.5}, 90, 3},
+        {orbelan::polylinelayer, {{7, 8}}, {7, 8}, 90, 3},
+    };
+    for (const Case& c : cases) {
+        Owned labelled(c.kind, c.vertices);
+        labelled.owner.Labels().Add("first");
+        labelled.entity->IDLabel = labelled.owner.GetLabelIndex("Los Leones");
+        RecordingCanvas canvas;
+        labelled.entity->DrawEntityLabel(canvas);
+        ASSERT_EQ(canvas.labels.size(), 1u);
+        const RecordingCanvas::Label& label = canvas.labels[0];
+        EXPECT_EQ(label.text, "Los Leones");
+        EXPECT_DOUBLE_EQ(label.X, c.position.X);
+        EXPECT_DOUBLE_EQ(label.Y, c.position.Y);
+        EXPECT_DOUBLE_EQ(label.angle, c.angle);
+        EXPECT_EQ(label.align, c.align);
+    }
+}
+
+TEST(EntidadLabel, NothingWithoutALabelOrWithoutVertices)
+{
+    Owned unlabelled(orbelan::pointlayer, {{3, 4}});
+    unlabelled.owner.Labels().Add("text");
+    RecordingCanvas canvas;
+    unlabelled.entity->DrawEntityLabel(canvas);
+    unlabelled.entity->IDLabel = 2; // no such text
+    unlabelled.entity->DrawEntityLabel(canvas);
+
+    Owned empty(orbelan::polylinelayer, {});
+    empty.owner.Labels().Add("text");
+    empty.entity->IDLabel = 1;
+    empty.entity->DrawEntityLabel(canvas);
+    EXPECT_TRUE(canvas.labels.empty());
+}
+
 } // namespace

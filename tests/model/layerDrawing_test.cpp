@@ -191,3 +191,66 @@ TEST_F(layerDrawing, DirectionMarksFollowTheDrawnLinesOfALoadedLayer)
 }
 
 } // namespace
+
+// Entities 1 and 3 share the text "Alameda"; entity 2 is labelled "Bandera".
+class layerLabelPass : public layerDrawing {
+protected:
+    layerLabelPass()
+    {
+        map.Loaded = true;
+        map.setUserLabelVisibility(2);
+        map.lblBold = true;
+        map.lblColor = 0x123456;
+        const std::int32_t alameda = map.GetLabelIndex("Alameda");
+        add(1, 1).IDLabel = alameda;
+        add(2, 2).IDLabel = map.GetLabelIndex("Bandera");
+        add(3, 3).IDLabel = alameda;
+        add(4, 4); // no label
+    }
+
+    std::vector<std::string> labelPass()
+    {
+        redraw();
+        canvas.labels.clear();
+        map.DrawLabels(view, canvas);
+        return canvas.labelTexts();
+    }
+};
+
+TEST_F(layerLabelPass, ATextIsDrawnForTheFirstDrawnEntityOnlyUnlessDuplicatesAreAllowed)
+{
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(labelPass(), (Texts{"Alameda", "Bandera"}));
+    EXPECT_TRUE(map.lblVisible);
+    EXPECT_TRUE(canvas.labels[0].bold);
+    EXPECT_EQ(canvas.labels[0].color, 0x123456);
+
+    map.lblAllowDuplicates = true;
+    EXPECT_EQ(labelPass(), (Texts{"Alameda", "Bandera", "Alameda"}));
+}
+
+TEST_F(layerLabelPass, EntitiesOfAnInvisibleClassAreSkippedSoTheNextOneCarriesTheText)
+{
+    map.ThematicMap().Add(5, 1, 0, 0, 1, "hidden", "");
+    map.ThematicType = 1;
+    map.ThematicFieldType = 200;
+    map.Entidades.Find(1)->ThemeValue = "hidden";
+    map.CalculateThemes = true;
+    EXPECT_EQ(labelPass(), (std::vector<std::string>{"Bandera", "Alameda"}));
+    EXPECT_EQ(canvas.labels[1].X, 3);
+}
+
+TEST_F(layerLabelPass, NoLabelsUnlessLoadedVisibleAndShownAtThisScale)
+{
+    map.Loaded = false;
+    EXPECT_TRUE(labelPass().empty());
+
+    map.Loaded = true;
+    map.setUserLabelVisibility(0);
+    EXPECT_TRUE(labelPass().empty());
+    EXPECT_FALSE(map.lblVisible);
+
+    map.setUserLabelVisibility(2);
+    map.setUserVisibility(0);
+    EXPECT_TRUE(labelPass().empty());
+}
