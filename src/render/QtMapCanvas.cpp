@@ -2,6 +2,9 @@
 
 #include "DirectionMark.h"
 #include "OleColor.h"
+#include "RotatedTextStart.h"
+
+#include <QTransform>
 
 #include <algorithm>
 #include <array>
@@ -20,6 +23,8 @@ constexpr std::int32_t kMaximumWidth = 1000;
 constexpr double kMargin = 16;
 // A direction mark reaches this far from its points.
 constexpr double kMarkReach = 64;
+// No label is longer than this, so one anchored further out cannot show.
+constexpr double kTextReach = 2048;
 
 constexpr std::int32_t kBlack = 0x000000;
 constexpr std::int32_t kWhite = 0xFFFFFF;
@@ -163,6 +168,21 @@ void QtMapCanvas::ToScreen(std::span<const Vertex> vertices, std::span<ScreenPoi
             screen[k] = {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::quiet_NaN()};
         }
     }
+}
+
+bool QtMapCanvas::ToPlane(const Vertex& geographic, Vertex& plane) const
+{
+    MapPoint point;
+    if (!view_.project(geographic.X, geographic.Y, point)) {
+        return false;
+    }
+    plane = {point.x, point.y};
+    return true;
+}
+
+bool QtMapCanvas::FromPlane(const Vertex& plane, Vertex& geographic) const
+{
+    return view_.unproject({plane.X, plane.Y}, geographic.X, geographic.Y);
 }
 
 QColor QtMapCanvas::color(std::int32_t value) const
@@ -467,6 +487,46 @@ void QtMapCanvas::DrawDirectionMark(ScreenPoint from, ScreenPoint to, std::int16
     restorePainterPen();
     const std::array<QPoint, 3> triangle = {mark->tip.toPoint(), mark->base1.toPoint(), mark->base2.toPoint()};
     painter_.drawPolygon(triangle.data(), static_cast<int>(triangle.size()));
+}
+
+void QtMapCanvas::setTextMetrics(const QFont& surfaceFont, int logicalDpiY)
+{
+    surfaceMetrics_ = QFontMetricsF(surfaceFont);
+    labelFonts_ = LabelFonts(logicalDpiY);
+    boldSelected_.reset();
+}
+
+// The text is printed with its cell's top-left corner at the start, turned
+// about it.
+void QtMapCanvas::DrawRotatedText(double X, double Y, double angle, const std::string& text, bool bold,
+                                  std::int32_t color, std::int16_t align)
+{
+    const Vertex point{X, Y};
+    ScreenPoint anchor;
+    ToScreen({&point, 1}, {&anchor, 1});
+    const QRectF reach = picture_.adjusted(-kTextReach, -kTextReach, kTextReach, kTextReach);
+    if (!finite(anchor) || !reach.contains(anchor.X, anchor.Y)) {
+        return;
+    }
+    const QString label = QString::fromStdString(text);
+    // Only centring along the text needs its width.
+    const QSizeF size(align == 2 ? surfaceMetrics_.horizontalAdvance(label) : 0, surfaceMetrics_.height());
+    const QPointF start = rotatedTextStart({anchor.X, anchor.Y}, angle, size, align);
+    flushLines();
+    setPen(color, 0, 1);
+    restorePainterPen();
+    selectLabelFont(bold);
+    painter_.setTransform(QTransform::fromTranslate(start.x(), start.y()).rotate(-LabelFonts::turn(angle)));
+    painter_.drawText(QPointF(0, labelFonts_.face(bold).ascent), label);
+    painter_.resetTransform();
+}
+
+void QtMapCanvas::selectLabelFont(bool bold)
+{
+    if (boldSelected_ != bold) {
+        painter_.setFont(labelFonts_.face(bold).font);
+        boldSelected_ = bold;
+    }
 }
 
 } // namespace orbelan

@@ -1,10 +1,13 @@
 #pragma once
 
+#include "LabelFonts.h"
 #include "MapCanvas.h"
 #include "PixelLines.h"
 #include "Viewport.h"
 
 #include <QBrush>
+#include <QFont>
+#include <QFontMetricsF>
 #include <QImage>
 #include <QLine>
 #include <QPainter>
@@ -15,7 +18,9 @@
 #include <QRectF>
 
 #include <cstdint>
+#include <optional>
 #include <span>
+#include <string>
 #include <vector>
 
 namespace orbelan {
@@ -44,10 +49,20 @@ public:
 
     const BoundingBox& ViewBox() const override { return view_.viewBox(); }
     void ToScreen(std::span<const Vertex> vertices, std::span<ScreenPoint> screen) const override;
+    bool ToPlane(const Vertex& geographic, Vertex& plane) const override;
+    bool FromPlane(const Vertex& plane, Vertex& geographic) const override;
     void DrawPoints(std::span<const ScreenPoint> points, const Theme& theme) override;
     void DrawPolyline(std::span<const ScreenPoint> points, const Theme& theme, bool setLineStyle) override;
     void DrawPolygon(std::span<const ScreenPoint> points, const Theme& theme) override;
     void DrawDirectionMark(ScreenPoint from, ScreenPoint to, std::int16_t direction) override;
+    void DrawRotatedText(double X, double Y, double angle, const std::string& text, bool bold, std::int32_t color,
+                         std::int16_t align) override;
+
+    // What labels are measured and sized with: the control's own font, in
+    // which a label's offsets from its anchor are measured, and the
+    // control's logical dots per inch, which set the label font's size in
+    // pixels. By default the application font at 96 dots per inch.
+    void setTextMetrics(const QFont& surfaceFont, int logicalDpiY);
 
     // The Qt styles of the control's pen and fill style numbers.
     static Qt::PenStyle penStyle(std::int32_t DrawStyle);
@@ -67,6 +82,7 @@ private:
     void fillAndOutline();
     void restorePainterPen();
     void clipRing();
+    void selectLabelFont(bool bold);
 
     PixelLines thin_;
     QPainter painter_;
@@ -94,6 +110,10 @@ private:
     std::vector<QLine> lines_;
     std::vector<QPoint> dots_;
     bool lineDrawn_ = false;
+    QFontMetricsF surfaceMetrics_{QFont()};
+    LabelFonts labelFonts_{96};
+    // The label weight the painter's font has, when it has a label font.
+    std::optional<bool> boldSelected_;
 };
 
 } // namespace orbelan
