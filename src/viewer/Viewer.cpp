@@ -413,8 +413,8 @@ void Viewer::RedrawLayer(std::int32_t IDLayer)
     redrawMap(IDLayer);
 }
 
-// Layers are drawn in collection order, each over the ones before, and the
-// direction marks over all geometry. Redrawing one layer draws the others
+// Layers are drawn in collection order, each over the ones before, the
+// labels over all geometry and the direction marks over all labels. Redrawing one layer draws the others
 // from what they drew last.
 void Viewer::redrawMap(std::optional<std::int32_t> onlyLayer)
 {
@@ -426,6 +426,7 @@ void Viewer::redrawMap(std::optional<std::int32_t> onlyLayer)
     imgMap_.fill(olecolor::toQColor(BackgroundColor, palette()));
     if (viewport_.viewReady() && !imgMap_.isNull()) {
         QtMapCanvas canvas(imgMap_, viewport_, palette());
+        canvas.setTextMetrics(font(), logicalDpiY());
         const BoundingBox& view = viewport_.viewBox();
         for (layer& mapLayer : layers_) {
             if (!onlyLayer || mapLayer.IDLayer == *onlyLayer) {
@@ -433,6 +434,9 @@ void Viewer::redrawMap(std::optional<std::int32_t> onlyLayer)
             } else {
                 mapLayer.RedrawWOCalc(view, canvas);
             }
+        }
+        for (layer& mapLayer : layers_) {
+            mapLayer.DrawLabels(view, canvas);
         }
         for (layer& mapLayer : layers_) {
             mapLayer.DrawDirections(view, canvas);

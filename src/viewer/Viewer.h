@@ -148,8 +148,8 @@ public:
     // redraws and requests the cells the view still lacks.
     Q_INVOKABLE void SetView(double x1, double y1, double x2, double y2);
     // Clears the picture with BackgroundColor and draws every layer for the
-    // current view: the geometry of all layers, then the direction marks
-    // over it.
+    // current view: the geometry of all layers, then their labels, then the
+    // direction marks over both.
     Q_INVOKABLE void Redraw();
     // The same after one layer's data or style changed: that layer is drawn
     // anew, the others as they were drawn last.
