@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <set>
 
 using namespace orbelan;
@@ -140,3 +141,58 @@ TEST_F(DemoServer, AUserWithoutAccessIsRefused)
 }
 
 } // namespace
+
+// Text pixels: dark and grey, as the street names are written; nothing else
+// on the map is that dark once the places are hidden.
+int textPixelsAround(const QImage& picture, QPoint centre, int reach)
+{
+    int count = 0;
+    const QRect area = QRect(centre - QPoint(reach, reach), centre + QPoint(reach, reach)) & picture.rect();
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            const QColor color = picture.pixelColor(x, y);
+            count += std::max({color.red(), color.green(), color.blue()}) < 100 ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+TEST_F(DemoServer, AtStreetLevelEachStreetNameIsWrittenOnceBesideItsFirstBlock)
+{
+    show(kAdministrator);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.layerscargados && viewer.PendingRequests() == 0; },
+                                kLoadMilliseconds));
+    layer& places = *viewer.Layers().Item(3);
+    layer& streets = *viewer.Layers().Item(2);
+    ASSERT_EQ(streets.Nombre, "Calles");
+    places.setUserVisibility(0);
+    viewer.SetView(-70.67, -33.46, -70.66, -33.452);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.connection().idle(); }, kLoadMilliseconds));
+    ASSERT_TRUE(streets.lblVisible);
+    ASSERT_GT(streets.Labels().count(), 3);
+
+    std::set<std::int32_t> named;
+    std::vector<QPoint> anchors;
+    for (const std::int32_t id : streets.DrawnIDs()) {
+        const Entidad& block = *streets.Entidades.Find(id);
+        const auto screen = block.ScreenPoints();
+        if (block.IDLabel == 0 || !named.insert(block.IDLabel).second || screen.size() < 2) {
+            continue;
+        }
+        const QPoint anchor((QPointF(screen[0].X, screen[0].Y) + QPointF(screen[1].X, screen[1].Y)).toPoint() / 2);
+        if (viewer.rect().contains(anchor)) {
+            anchors.push_back(anchor);
+        }
+    }
+    ASSERT_GT(anchors.size(), 3u);
+    const auto written = [&anchors](const QImage& picture) {
+        return std::ranges::count_if(anchors, [&](QPoint anchor) { return textPixelsAround(picture, anchor, 12) > 5; });
+    };
+    const auto probed = static_cast<std::ptrdiff_t>(anchors.size());
+    EXPECT_GT(written(viewer.grab().toImage()), probed * 8 / 10) << probed << " names";
+
+    streets.setUserLabelVisibility(0);
+    viewer.Redraw();
+    // The company name in its corner may stand beside one of them.
+    EXPECT_LE(written(viewer.grab().toImage()), probed / 10);
+}

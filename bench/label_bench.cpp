@@ -1,0 +1,127 @@
+// The label pass of a redraw at 1280 x 800 pixels, as the Viewer runs it
+// after the geometry: 20,000 labelled entities in view, each label turned
+// along its entity, duplicates suppressed unless said otherwise.
+//
+// Streets: 20,000 short segments at random angles on a latitude/longitude
+// map 0.2 by 0.125 degrees, the way street blocks share their street's
+// name. With 2,000 names each text is drawn once, for its first block;
+// with 20,000 every block has a name of its own, the worst case. Points:
+// the same counts drawn horizontally.
+//
+// Each iteration makes its surface anew, so the fonts are made within the
+// timing, as in every redraw.
+
+#include "QtMapCanvas.h"
+#include "layer.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPalette>
+
+#include <benchmark/benchmark.h>
+
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <random>
+#include <string>
+#include <vector>
+
+using orbelan::layer;
+using orbelan::Vertex;
+
+namespace {
+
+constexpr int kWidth = 1280;
+constexpr int kHeight = 800;
+constexpr double kWest = -70.7;
+constexpr double kSouth = -33.5;
+constexpr double kExtentWidth = 0.2;
+constexpr double kExtentHeight = 0.125;
+constexpr std::int32_t kEntities = 20'000;
+
+// Street names of the usual length, distinct by their number.
+std::string streetName(int number)
+{
+    static const std::vector<std::string> kStems = {"Avenida Los Leones ", "Calle Bandera ", "Pasaje Ñuble ",
+                                                    "General Mackenna ", "Avenida Matta "};
+    return kStems[static_cast<std::size_t>(number) % kStems.size()] + std::to_string(number);
+}
+
+struct Scene {
+    layer map;
+    orbelan::Viewport view;
+    QImage picture{kWidth, kHeight, QImage::Format_ARGB32_Premultiplied};
+
+    Scene(orbelan::TipoLayer kind, int names, bool allowDuplicates)
+    {
+        map.Tipo = kind;
+        map.AccessLevel = orbelan::ALViewer;
+        map.setUserVisibility(2);
+        map.setUserLabelVisibility(2);
+        map.lblAllowDuplicates = allowDuplicates;
+        map.Loaded = true;
+        map.ThematicMap().Add(0, 1, 0x404040, 0xC0C000, 0, "MICanyMIC", "");
+        addEntities(names);
+        view.setSize(kWidth, kHeight);
+        view.SetView(kWest, kSouth, kWest + kExtentWidth, kSouth + kExtentHeight);
+        picture.fill(Qt::white);
+        orbelan::QtMapCanvas canvas(picture, view, QPalette());
+        map.Redraw(view.viewBox(), canvas);
+    }
+
+    void addEntities(int names)
+    {
+        std::mt19937 random(5);
+        std::uniform_real_distribution<double> x(kWest, kWest + kExtentWidth);
+        std::uniform_real_distribution<double> y(kSouth, kSouth + kExtentHeight);
+        std::uniform_real_distribution<double> step(-0.001, 0.001);
+        for (std::int32_t id = 1; id <= kEntities; ++id) {
+            std::vector<Vertex> vertices = {{x(random), y(random)}};
+            if (map.Tipo != orbelan::pointlayer) {
+                vertices.push_back({vertices[0].X + step(random), vertices[0].Y + step(random)});
+            }
+            map.Entidades.AddEntity(id, vertices, map).IDLabel = map.GetLabelIndex(streetName(id % names));
+        }
+    }
+
+    void drawLabels()
+    {
+        orbelan::QtMapCanvas canvas(picture, view, QPalette());
+        map.DrawLabels(view.viewBox(), canvas);
+    }
+};
+
+void BM_Labels(benchmark::State& state, orbelan::TipoLayer kind, int names, bool allowDuplicates)
+{
+    Scene scene(kind, names, allowDuplicates);
+    for (auto _ : state) {
+        scene.drawLabels();
+        benchmark::DoNotOptimize(scene.picture.constBits());
+    }
+    state.counters["in_view"] = static_cast<double>(scene.map.DrawnIDs().size());
+}
+
+BENCHMARK_CAPTURE(BM_Labels, streets_2000_names, orbelan::polylinelayer, 2'000, false)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_Labels, streets_20000_names, orbelan::polylinelayer, kEntities, false)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_Labels, streets_2000_names_all_drawn, orbelan::polylinelayer, 2'000, true)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_Labels, points_20000_names, orbelan::pointlayer, kEntities, false)
+    ->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    // QPainter needs a GUI application, which needs no screen here.
+    if (std::getenv("QT_QPA_PLATFORM") == nullptr) {
+        setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    }
+    QGuiApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
