@@ -1,7 +1,5 @@
 #include "LabelFonts.h"
 
-#include <QFontMetricsF>
-
 #include <algorithm>
 #include <cmath>
 
@@ -36,7 +34,8 @@ const LabelFonts::Face& LabelFonts::face(bool bold)
         QFont font(QString::fromLatin1(kFamily));
         font.setPixelSize(pixelSize_);
         font.setWeight(bold ? QFont::Bold : QFont::Normal);
-        slot = Face{font, QFontMetricsF(font).ascent()};
+        const QFontMetricsF metrics(font);
+        slot = Face{font, metrics, metrics.ascent()};
     }
     return *slot;
 }

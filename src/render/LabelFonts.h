@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QFont>
+#include <QFontMetricsF>
 
 #include <array>
 #include <optional>
@@ -17,6 +18,7 @@ class LabelFonts {
 public:
     struct Face {
         QFont font;
+        QFontMetricsF metrics;
         // From the top of the character cell to the baseline, in pixels.
         qreal ascent = 0;
     };

@@ -512,13 +512,18 @@ void QtMapCanvas::DrawRotatedText(double X, double Y, double angle, const std::s
     // Only centring along the text needs its width.
     const QSizeF size(align == 2 ? surfaceMetrics_.horizontalAdvance(label) : 0, surfaceMetrics_.height());
     const QPointF start = rotatedTextStart({anchor.X, anchor.Y}, angle, size, align);
+    const double turn = LabelFonts::turn(angle);
+    const LabelFonts::Face& face = labelFonts_.face(bold);
     flushLines();
-    setPen(color, 0, 1);
-    restorePainterPen();
-    selectLabelFont(bold);
-    painter_.setTransform(QTransform::fromTranslate(start.x(), start.y()).rotate(-LabelFonts::turn(angle)));
-    painter_.drawText(QPointF(0, labelFonts_.face(bold).ascent), label);
-    painter_.resetTransform();
+    if (turn == 0) {
+        setPen(color, 0, 1);
+        restorePainterPen();
+        selectLabelFont(bold);
+        painter_.drawText(start + QPointF(0, face.ascent), label);
+        return;
+    }
+    turnedLabels_.draw(painter_, QTransform::fromTranslate(start.x(), start.y()).rotate(-turn), label, face.font,
+                       face.ascent, face.metrics.horizontalAdvance(label), face.metrics.height(), this->color(color));
 }
 
 void QtMapCanvas::selectLabelFont(bool bold)

@@ -3,6 +3,7 @@
 #include "LabelFonts.h"
 #include "MapCanvas.h"
 #include "PixelLines.h"
+#include "TurnedLabels.h"
 #include "Viewport.h"
 
 #include <QBrush>
@@ -112,6 +113,7 @@ private:
     bool lineDrawn_ = false;
     QFontMetricsF surfaceMetrics_{QFont()};
     LabelFonts labelFonts_{96};
+    TurnedLabels turnedLabels_;
     // The label weight the painter's font has, when it has a label font.
     std::optional<bool> boldSelected_;
 };
