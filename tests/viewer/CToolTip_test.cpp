@@ -166,4 +166,20 @@ TEST(ToolTipLifecycle, UseBeforeInitializeIsRefused)
     EXPECT_THROW(tip.timer(), std::logic_error);
 }
 
+// The Viewer's own timer does the sampling: the one test that lets it run.
+TEST_F(ToolTipTest, TheViewerSamplesTheMouseWithItsTimer)
+{
+    viewer.SetToolTip(kStreets, "NOMBRE");
+    QMouseEvent move(QEvent::MouseMove, QPointF(40, 50), viewer.mapToGlobal(QPointF(40, 50)), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&viewer, &move);
+    const auto* sampling = viewer.findChild<QTimer*>("tmrToolTip");
+    ASSERT_NE(sampling, nullptr);
+    EXPECT_TRUE(sampling->isActive());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return viewer.toolTipBox()->isVisible(); }));
+    EXPECT_EQ(viewer.toolTipLabel()->text(), "Etiqueta: Calle Mayor");
+    viewer.SetToolTip(0, "");
+    EXPECT_FALSE(viewer.toolTipBox()->isVisible());
+}
+
 } // namespace
