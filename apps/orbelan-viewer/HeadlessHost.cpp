@@ -11,6 +11,7 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMetaMethod>
 #include <QMouseEvent>
 #include <QSocketNotifier>
@@ -153,6 +154,15 @@ void HeadlessHost::reportEvents()
     ui_.setDialogObserver([this](const ShownDialog& dialog) {
         print(QStringLiteral("dialog %1 %2").arg(dialog.objectName, quote(dialog.caption)));
     });
+    viewer_.toolTipBox()->installEventFilter(this);
+}
+
+bool HeadlessHost::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == viewer_.toolTipBox() && event->type() == QEvent::Show) {
+        print(QStringLiteral("tooltip ") + quote(viewer_.toolTipLabel()->text()));
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void HeadlessHost::readStandardInput()

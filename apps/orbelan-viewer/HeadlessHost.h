@@ -35,6 +35,10 @@ public:
     // than the given seconds or the image cannot be written.
     bool snapshotWhenLoaded(const QString& path, int seconds);
 
+protected:
+    // Reports the control's tooltip each time its box comes into view.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     using Command = std::function<void(const QStringList& arguments)>;
 
