@@ -154,13 +154,15 @@ void HeadlessHost::reportEvents()
     ui_.setDialogObserver([this](const ShownDialog& dialog) {
         print(QStringLiteral("dialog %1 %2").arg(dialog.objectName, quote(dialog.caption)));
     });
-    viewer_.toolTipBox()->installEventFilter(this);
+    toolTipBox_ = viewer_.toolTipBox();
+    toolTipLabel_ = viewer_.toolTipLabel();
+    toolTipBox_->installEventFilter(this);
 }
 
 bool HeadlessHost::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == viewer_.toolTipBox() && event->type() == QEvent::Show) {
-        print(QStringLiteral("tooltip ") + quote(viewer_.toolTipLabel()->text()));
+    if (watched == toolTipBox_ && event->type() == QEvent::Show) {
+        print(QStringLiteral("tooltip ") + quote(toolTipLabel_->text()));
     }
     return QObject::eventFilter(watched, event);
 }

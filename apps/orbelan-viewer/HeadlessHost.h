@@ -9,6 +9,7 @@
 #include <map>
 #include <ostream>
 
+class QLabel;
 class QSocketNotifier;
 
 namespace orbelan {
@@ -72,6 +73,10 @@ private:
     Viewer& viewer_;
     ScriptedUiServices& ui_;
     std::ostream& out_;
+    // Taken at the start, as the filter also sees the box's events while
+    // the control is being destroyed.
+    QObject* toolTipBox_ = nullptr;
+    const QLabel* toolTipLabel_ = nullptr;
     std::map<QString, Command> commands_;
     std::deque<QString> pending_;
     QByteArray partialLine_;

@@ -11,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <memory>
 #include <sstream>
 #include <vector>
 
@@ -21,7 +22,8 @@ namespace {
 TEST(HeadlessHostToolTip, TheBoxComingIntoViewPrintsItsText)
 {
     ScriptedUiServices ui;
-    Viewer viewer;
+    auto owned = std::make_unique<Viewer>();
+    Viewer& viewer = *owned;
     viewer.setUiServices(ui);
     viewer.setUserMode(false);
     viewer.resize(400, 200);
@@ -45,6 +47,8 @@ TEST(HeadlessHostToolTip, TheBoxComingIntoViewPrintsItsText)
     EXPECT_TRUE(QTest::qWaitFor([&out] { return out.str().find("tooltip") != std::string::npos; }));
     EXPECT_EQ(out.str(), "event MousePosition -8 2.5\n"
                          "tooltip \"Etiqueta: Parque \\\"Central\\\"\"\n");
+    // As in the program, the control goes while the host still watches it.
+    owned.reset();
 }
 
 } // namespace
