@@ -11,6 +11,7 @@
 #include <QEventLoop>
 #include <QFile>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMetaMethod>
 #include <QMouseEvent>
 #include <QSocketNotifier>
@@ -153,6 +154,17 @@ void HeadlessHost::reportEvents()
     ui_.setDialogObserver([this](const ShownDialog& dialog) {
         print(QStringLiteral("dialog %1 %2").arg(dialog.objectName, quote(dialog.caption)));
     });
+    toolTipBox_ = viewer_.toolTipBox();
+    toolTipLabel_ = viewer_.toolTipLabel();
+    toolTipBox_->installEventFilter(this);
+}
+
+bool HeadlessHost::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == toolTipBox_ && event->type() == QEvent::Show) {
+        print(QStringLiteral("tooltip ") + quote(toolTipLabel_->text()));
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void HeadlessHost::readStandardInput()

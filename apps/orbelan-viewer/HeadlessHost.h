@@ -9,6 +9,7 @@
 #include <map>
 #include <ostream>
 
+class QLabel;
 class QSocketNotifier;
 
 namespace orbelan {
@@ -34,6 +35,10 @@ public:
     // control's image. False, with an error line, when that takes longer
     // than the given seconds or the image cannot be written.
     bool snapshotWhenLoaded(const QString& path, int seconds);
+
+protected:
+    // Reports the control's tooltip each time its box comes into view.
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     using Command = std::function<void(const QStringList& arguments)>;
@@ -68,6 +73,10 @@ private:
     Viewer& viewer_;
     ScriptedUiServices& ui_;
     std::ostream& out_;
+    // Taken at the start, as the filter also sees the box's events while
+    // the control is being destroyed.
+    QObject* toolTipBox_ = nullptr;
+    const QLabel* toolTipLabel_ = nullptr;
     std::map<QString, Command> commands_;
     std::deque<QString> pending_;
     QByteArray partialLine_;

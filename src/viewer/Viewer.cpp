@@ -4,6 +4,7 @@
 #include "ActivityShape.h"
 #include "CellFieldValuesRequest.h"
 #include "CellGeometryRequest.h"
+#include "CToolTip.h"
 #include "ElementBoundingBoxRequest.h"
 #include "InputCodes.h"
 #include "OleColor.h"
@@ -138,6 +139,35 @@ void Viewer::createSurface()
     lblCompany_->setObjectName("lblCompany");
     RubberBand_ = new QRubberBand(QRubberBand::Rectangle, this);
     RubberBand_->setObjectName("RubberBand");
+    createToolTipBox();
+}
+
+void Viewer::createToolTipBox()
+{
+    tmrToolTip_ = new QTimer(this);
+    tmrToolTip_->setObjectName("tmrToolTip");
+    picToolTip_ = new QWidget(this);
+    picToolTip_->setObjectName("picToolTip");
+    // The box never takes the pointer's moves away from the map.
+    picToolTip_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    picToolTip_->hide();
+    lblToolTip_ = new QLabel(picToolTip_);
+    lblToolTip_->setObjectName("lblToolTip");
+}
+
+CToolTip& Viewer::toolTip()
+{
+    if (!toolTip_) {
+        toolTip_ = std::make_unique<CToolTip>();
+        toolTip_->initialize(*this, *tmrToolTip_, *picToolTip_, *lblToolTip_);
+        connect(tmrToolTip_, &QTimer::timeout, this, [this] { toolTip_->timer(); });
+    }
+    return *toolTip_;
+}
+
+void Viewer::SetToolTip(int IDLayer, const QString& ToolTipField)
+{
+    toolTip().SetLayer(IDLayer, ToolTipField);
 }
 
 void Viewer::connectReceiveSide()
@@ -601,6 +631,9 @@ void Viewer::mouseMoveEvent(QMouseEvent* event)
     tool_.currentPoint = move.map;
     if (MapTool* current = tool(); current && tool_.dragging) {
         current->move(move);
+    }
+    if (toolTip_) {
+        toolTip_->mousemove(static_cast<float>(move.pixel.x()), static_cast<float>(move.pixel.y()));
     }
     double lon = 0;
     double lat = 0;

@@ -20,10 +20,12 @@
 
 class QLabel;
 class QRubberBand;
+class QTimer;
 
 namespace orbelan {
 
 class ActivityShape;
+class CToolTip;
 class MapTool;
 class PropertyBag;
 class UiServices;
@@ -169,6 +171,10 @@ public:
     // Shows the union of the boxes of the given elements of a layer. One
     // element that is not loaded has its box asked for from the server.
     Q_INVOKABLE void ZoomToSelected(int IDLayer, const QList<int>& IDElement);
+    // Shows the label of the entity of layer IDLayer under the resting
+    // mouse; layer 0 switches the tooltip off. The field name is kept, but
+    // the text shown is always the layer's label.
+    Q_INVOKABLE void SetToolTip(int IDLayer, const QString& ToolTipField);
     // Asks for the grid cells of the view never asked for: geometry of every
     // visible layer, label and direction values where those show.
     void RequestMissingCells();
@@ -206,6 +212,9 @@ public:
     // The steps in progress, one per line, as the status label shows them.
     QString statusText() const;
     void changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName = {});
+    // The tooltip's box and the label inside it, for hosts that report it.
+    QWidget* toolTipBox() const { return picToolTip_; }
+    const QLabel* toolTipLabel() const { return lblToolTip_; }
 
 signals:
     void propertyChanged(const QString& key);
@@ -244,6 +253,8 @@ protected:
 
 private:
     void createSurface();
+    void createToolTipBox();
+    CToolTip& toolTip();
     void redrawMap(std::optional<std::int32_t> onlyLayer);
     void connectReceiveSide();
     void firstShow();
@@ -294,6 +305,13 @@ private:
     QLabel* lblstatus_ = nullptr;
     bool statusRefreshPending_ = false;
     QLabel* lblCompany_ = nullptr;
+
+    // The tooltip's parts live with the control; its logic comes with the
+    // first SetToolTip.
+    QTimer* tmrToolTip_ = nullptr;
+    QWidget* picToolTip_ = nullptr;
+    QLabel* lblToolTip_ = nullptr;
+    std::unique_ptr<CToolTip> toolTip_;
 
     bool userMode_ = true;
     bool firstShow_ = true;

@@ -1,0 +1,185 @@
+// The map tooltip over a lat/lon view 400 x 200 pixels showing (-10, -5) to
+// (10, 5): 20 pixels per degree, (0, 0) at pixel (200, 100). The tests play
+// the sampling timer's ticks themselves, so none of them waits for it.
+//
+// At 96 DPI a pixel is 15 twips: the box hangs 290 twips = 19 pixels below
+// the pointer, is 100 twips = 7 pixels wider and 50 twips = 3 pixels taller
+// than its label, keeps 100 twips = 7 pixels from the right edge, and holds
+// the label 50 twips = 3 pixels from its left side.
+
+#include "CToolTip.h"
+#include "ScriptedUiServices.h"
+#include "Viewer.h"
+
+#include <QLabel>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <vector>
+
+using namespace orbelan;
+
+namespace {
+
+constexpr std::int32_t kStreets = 1;
+
+class ToolTipTest : public ::testing::Test {
+protected:
+    ToolTipTest()
+    {
+        viewer.setUiServices(ui);
+        viewer.setUserMode(false);
+        viewer.resize(400, 200);
+        viewer.show();
+        viewer.SetView(-10, -5, 10, 5);
+        streets.AccessLevel = ALViewer;
+        streets.setUserVisibility(2);
+        streets.ThematicMap().Add(0, 1, 0x0000FF, 0x0000FF, 0, "MICanyMIC", "");
+        streets.lblVisible = true;
+        addRectangle(1, -9, -5, -1, 5).IDLabel = streets.GetLabelIndex("Calle Mayor"); // pixels 20..180
+        addRectangle(2, 0.5, -5, 4.5, 5);                                               // pixels 210..290
+        addRectangle(3, 6, -5, 10, 5).IDLabel = streets.GetLabelIndex("Plaza");         // pixels 320..400
+        viewer.Redraw();
+        tip.initialize(viewer, timer, box, label);
+        tip.SetLayer(kStreets, "NOMBRE");
+    }
+
+    Entidad& addRectangle(std::int32_t id, double west, double south, double east, double north)
+    {
+        const std::vector<Vertex> ring = {{west, south}, {east, south}, {east, north}, {west, north}};
+        return streets.Entidades.AddEntity(id, ring, streets);
+    }
+
+    // The pointer comes to (x, y) and stays: two ticks, the first of which
+    // takes the new sample.
+    void restAt(float x, float y)
+    {
+        tip.mousemove(x, y);
+        tip.timer();
+        tip.timer();
+    }
+
+    ScriptedUiServices ui;
+    Viewer viewer;
+    layer& streets = viewer.Layers().AddLayer("Calles", kStreets, polygonlayer, viewer);
+    QTimer timer;
+    QWidget box{&viewer};
+    QLabel label{&box};
+    CToolTip tip;
+};
+
+TEST_F(ToolTipTest, TheLabelShowsOnceTwoSamplesAgree)
+{
+    tip.mousemove(40, 50);
+    EXPECT_TRUE(timer.isActive());
+    EXPECT_EQ(timer.interval(), CToolTip::kSampleMilliseconds);
+    tip.mousemove(42, 50);
+    tip.timer(); // moved since the sample: still moving
+    EXPECT_TRUE(timer.isActive());
+    EXPECT_FALSE(box.isVisible());
+    tip.timer();
+    EXPECT_FALSE(timer.isActive());
+    EXPECT_TRUE(box.isVisible());
+    EXPECT_EQ(label.text(), "Etiqueta: Calle Mayor");
+}
+
+TEST_F(ToolTipTest, AMoveWhileSamplingHidesTheBoxAndTheNextRestShowsTheNewLabel)
+{
+    restAt(40, 50);
+    tip.mousemove(330, 50); // idle: sampling starts, the box stays
+    EXPECT_TRUE(box.isVisible());
+    tip.mousemove(340, 50);
+    EXPECT_FALSE(box.isVisible());
+    tip.timer();
+    tip.timer();
+    EXPECT_TRUE(box.isVisible());
+    EXPECT_EQ(label.text(), "Etiqueta: Plaza");
+}
+
+TEST_F(ToolTipTest, AnEntityWithoutLabelShowsUndefined)
+{
+    restAt(250, 50);
+    EXPECT_EQ(label.text(), "Etiqueta: <Undefined>");
+    streets.Entidades.Find(2)->IDLabel = 99; // names no text
+    restAt(250, 60);
+    EXPECT_EQ(label.text(), "Etiqueta: <Undefined>");
+}
+
+TEST_F(ToolTipTest, NothingShowsWithoutALabelledLayerOrAnEntityUnderThePointer)
+{
+    restAt(200, 50); // between two entities
+    EXPECT_FALSE(box.isVisible());
+    streets.lblVisible = false;
+    restAt(40, 50);
+    EXPECT_FALSE(box.isVisible());
+    streets.lblVisible = true;
+    tip.SetLayer(7, "NOMBRE"); // no such layer
+    restAt(40, 60);
+    EXPECT_FALSE(box.isVisible());
+    EXPECT_FALSE(timer.isActive());
+}
+
+TEST_F(ToolTipTest, LayerZeroSwitchesTheTooltipOff)
+{
+    restAt(40, 50);
+    ASSERT_TRUE(box.isVisible());
+    tip.SetLayer(0, "");
+    EXPECT_FALSE(box.isVisible());
+    restAt(40, 60);
+    EXPECT_FALSE(box.isVisible());
+    EXPECT_FALSE(timer.isActive());
+}
+
+TEST_F(ToolTipTest, TheBoxHangsBelowThePointerAndKeepsInsideTheRightAndBottomEdges)
+{
+    ASSERT_EQ(viewer.logicalDpiX(), 96);
+    ASSERT_EQ(viewer.logicalDpiY(), 96);
+    restAt(40, 50);
+    const QSize labelSize = label.size();
+    EXPECT_EQ(label.pos(), QPoint(3, 0));
+    EXPECT_EQ(box.geometry(), QRect(40, 69, labelSize.width() + 7, labelSize.height() + 3));
+
+    restAt(390, 50);
+    const int width = label.width() + 7;
+    EXPECT_EQ(box.geometry(), QRect(400 - 7 - width, 69, width, label.height() + 3));
+
+    restAt(40, 190); // 190 + 19 is below the bottom
+    const int height = label.height() + 3;
+    EXPECT_EQ(box.geometry(), QRect(40, 200 - 19 - height, label.width() + 7, height));
+}
+
+TEST_F(ToolTipTest, TheBoxHasTheTooltipBackground)
+{
+    restAt(40, 50);
+    const QImage shown = viewer.grab().toImage();
+    EXPECT_EQ(QColor(shown.pixel(box.x() + 1, box.y() + box.height() - 1)),
+              viewer.palette().color(QPalette::ToolTipBase));
+}
+
+TEST(ToolTipLifecycle, UseBeforeInitializeIsRefused)
+{
+    CToolTip tip;
+    EXPECT_THROW(tip.mousemove(1, 1), std::logic_error);
+    EXPECT_THROW(tip.timer(), std::logic_error);
+}
+
+// The Viewer's own timer does the sampling: the one test that lets it run.
+TEST_F(ToolTipTest, TheViewerSamplesTheMouseWithItsTimer)
+{
+    viewer.SetToolTip(kStreets, "NOMBRE");
+    QMouseEvent move(QEvent::MouseMove, QPointF(40, 50), viewer.mapToGlobal(QPointF(40, 50)), Qt::NoButton,
+                     Qt::NoButton, Qt::NoModifier);
+    QCoreApplication::sendEvent(&viewer, &move);
+    const auto* sampling = viewer.findChild<QTimer*>("tmrToolTip");
+    ASSERT_NE(sampling, nullptr);
+    EXPECT_TRUE(sampling->isActive());
+    EXPECT_TRUE(QTest::qWaitFor([this] { return viewer.toolTipBox()->isVisible(); }));
+    EXPECT_EQ(viewer.toolTipLabel()->text(), "Etiqueta: Calle Mayor");
+    viewer.SetToolTip(0, "");
+    EXPECT_FALSE(viewer.toolTipBox()->isVisible());
+}
+
+} // namespace
