@@ -357,6 +357,9 @@ bool HeadlessHost::failureShown() const
 
 bool HeadlessHost::saveImage(const QString& path)
 {
+    // What the control leaves for the next turn of the event loop, such as
+    // its status line, belongs in the picture.
+    QCoreApplication::processEvents();
     if (!viewer_.grab().save(path)) {
         error(QStringLiteral("snapshot: cannot write %1").arg(path));
         return false;
