@@ -131,6 +131,7 @@ void HeadlessHost::addCommands()
         {"get", bind(&HeadlessHost::getProperty)},
         {"view", bind(&HeadlessHost::printView)},
         {"layers", bind(&HeadlessHost::printLayers)},
+        {"layer-visibility", bind(&HeadlessHost::setLayerVisibility)},
         {"quit", [this](const QStringList&) { quit(); }},
     };
 }
@@ -479,6 +480,33 @@ void HeadlessHost::printLayers(const QStringList&)
         }
         print(words.join(' '));
     }
+}
+
+// The user's choice for a layer's geometry, labels or direction marks, as
+// the layer setup makes it: the map is redrawn and what now shows is asked for.
+void HeadlessHost::setLayerVisibility(const QStringList& arguments)
+{
+    const auto id = arguments.size() == 3 ? toInt(arguments[0]) : std::nullopt;
+    const auto level = arguments.size() == 3 ? toInt(arguments[2]) : std::nullopt;
+    layer* mapLayer = id ? viewer_.Layers().Find(*id) : nullptr;
+    const QString& aspect = arguments.value(1);
+    if (!mapLayer || !level || *level < 0 || *level > 2) {
+        error(QStringLiteral("layer-visibility needs a layer, geometry|labels|directions and a level 0 to 2"));
+        return;
+    }
+    const auto value = static_cast<std::int16_t>(*level);
+    if (aspect == QLatin1String("geometry")) {
+        mapLayer->setUserVisibility(value);
+    } else if (aspect == QLatin1String("labels")) {
+        mapLayer->setUserLabelVisibility(value);
+    } else if (aspect == QLatin1String("directions")) {
+        mapLayer->setUserDirectionVisibility(value);
+    } else {
+        error(QStringLiteral("layer-visibility: %1 is not geometry, labels or directions").arg(quote(aspect)));
+        return;
+    }
+    viewer_.Redraw();
+    viewer_.RequestMissingCells();
 }
 
 bool HeadlessHost::snapshotWhenLoaded(const QString& path, int seconds)

@@ -64,6 +64,7 @@ private:
     void getProperty(const QStringList& arguments);
     void printView(const QStringList& arguments);
     void printLayers(const QStringList& arguments);
+    void setLayerVisibility(const QStringList& arguments);
 
     bool saveImage(const QString& path);
     bool failureShown() const;
