@@ -27,6 +27,10 @@ int ImportCommand::run(const QStringList& arguments)
         {QStringLiteral("layer-name"), QStringLiteral("The layer's name."), QStringLiteral("NAME")},
         {QStringLiteral("label-field"), QStringLiteral("Field whose values label the elements."),
          QStringLiteral("F")},
+        {QStringLiteral("label-zoom-max"),
+         QStringLiteral("Highest view, in km (thousandths of a degree on a latitude/longitude map), "
+                        "at which the labels show (default: always)."),
+         QStringLiteral("H")},
         {QStringLiteral("theme-field"),
          QStringLiteral("Field whose values choose thematic classes."), QStringLiteral("F")},
         {QStringLiteral("source-layer"),
@@ -51,6 +55,10 @@ int ImportCommand::run(const QStringList& arguments)
     options.layerName = parser.value(QStringLiteral("layer-name"));
     options.labelField = parser.value(QStringLiteral("label-field"));
     options.themeField = parser.value(QStringLiteral("theme-field"));
+    if (parser.isSet(QStringLiteral("label-zoom-max"))) {
+        options.labelZoomMax =
+            static_cast<float>(OptionValues::positive(parser, QStringLiteral("label-zoom-max")));
+    }
     options.mapName = parser.value(QStringLiteral("map-name"));
     options.projection = static_cast<std::int16_t>(
         OptionValues::integer(parser, QStringLiteral("projection"), 0, 32767));

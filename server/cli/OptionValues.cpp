@@ -16,6 +16,16 @@ std::int64_t OptionValues::integer(const QCommandLineParser& parser, const QStri
     return value;
 }
 
+double OptionValues::positive(const QCommandLineParser& parser, const QString& name)
+{
+    bool ok = false;
+    const double value = required(parser, name).toDouble(&ok);
+    if (!ok || !(value > 0)) {
+        throw std::invalid_argument("--" + name.toStdString() + " needs a number greater than 0");
+    }
+    return value;
+}
+
 QString OptionValues::required(const QCommandLineParser& parser, const QString& name)
 {
     if (!parser.isSet(name) && parser.value(name).isEmpty()) {

@@ -14,6 +14,9 @@ public:
     // std::invalid_argument naming the option otherwise.
     static std::int64_t integer(const QCommandLineParser& parser, const QString& name,
                                 std::int64_t minimum, std::int64_t maximum);
+    // The option's value as a number greater than 0; throws
+    // std::invalid_argument naming the option otherwise.
+    static double positive(const QCommandLineParser& parser, const QString& name);
     // The option's value, or its default; throws std::invalid_argument when
     // it was not given and has no default.
     static QString required(const QCommandLineParser& parser, const QString& name);

@@ -19,6 +19,10 @@ constexpr Extent kConterminousStates{-125.0, 24.0, -66.5, 49.5};
 constexpr std::int16_t kAlbers = 1;
 constexpr std::int16_t kLatitudeLongitude = 0;
 constexpr std::int16_t kNoFill = 1;
+// Label heights: county names from a view of a few states, country names
+// from a view of a continent; state names always.
+constexpr float kCountyLabelsKm = 1200.0f;
+constexpr float kCountryLabelsDegrees = 0.1f;
 
 ImportOptions atlasLayer(const QString& source, const char* sourceLayer, std::int32_t map,
                          std::int32_t layer, const char* name)
@@ -75,6 +79,7 @@ void DemoBuilder::importAtlases(const QString& dataFolder)
         atlasLayer(DemoData::usAtlas(dataFolder), "counties", kUnitedStates, 201, "Counties");
     counties.mapName = QStringLiteral("United States");
     counties.projection = kAlbers;
+    counties.labelZoomMax = kCountyLabelsKm;
     importer.import(counties);
     ImportOptions states =
         atlasLayer(DemoData::usAtlas(dataFolder), "states", kUnitedStates, 202, "States");
@@ -88,6 +93,7 @@ void DemoBuilder::importAtlases(const QString& dataFolder)
         atlasLayer(DemoData::worldAtlas(dataFolder), "countries", kWorld, 301, "Countries");
     countries.mapName = QStringLiteral("World");
     countries.projection = kLatitudeLongitude;
+    countries.labelZoomMax = kCountryLabelsDegrees;
     importer.import(countries);
 }
 

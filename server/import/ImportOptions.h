@@ -17,6 +17,9 @@ struct ImportOptions {
     // The layer's name; the source layer's when empty.
     QString layerName;
     QString labelField;
+    // The labels show while the view is at most this high: kilometres, or
+    // thousandths of a degree on a latitude/longitude map.
+    float labelZoomMax = 1e37f;
     QString themeField;
     // The platform's fill style of the layer's polygons (0 solid, 1 none).
     std::int16_t fillStyle = 0;

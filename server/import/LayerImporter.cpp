@@ -126,6 +126,7 @@ messages::LayerRecord LayerImporter::recordFor(const ImportedLayer& layer,
     if (!options.labelField.isEmpty()) {
         record.labelField = layer.fields[fieldPosition(layer, options.labelField)].name;
         record.labelVisibility = 1;
+        record.labelZoomMax = options.labelZoomMax;
     }
     if (!options.themeField.isEmpty()) {
         record.thematicField = layer.fields[fieldPosition(layer, options.themeField)].name;

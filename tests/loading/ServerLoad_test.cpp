@@ -140,8 +140,6 @@ TEST_F(DemoServer, AUserWithoutAccessIsRefused)
     EXPECT_EQ(viewer.PendingRequests(), 0);
 }
 
-} // namespace
-
 // Text pixels: dark and grey, as the street names are written; nothing else
 // on the map is that dark once the places are hidden.
 int textPixelsAround(const QImage& picture, QPoint centre, int reach)
@@ -157,7 +155,7 @@ int textPixelsAround(const QImage& picture, QPoint centre, int reach)
     return count;
 }
 
-TEST_F(DemoServer, AtStreetLevelEachStreetNameIsWrittenOnceBesideItsFirstBlock)
+TEST_F(DemoServer, AtStreetLevelEachStreetNameIsWrittenOnceBesideItsFirstBlockNotBefore)
 {
     show(kAdministrator);
     ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.layerscargados && viewer.PendingRequests() == 0; },
@@ -165,6 +163,8 @@ TEST_F(DemoServer, AtStreetLevelEachStreetNameIsWrittenOnceBesideItsFirstBlock)
     layer& places = *viewer.Layers().Item(3);
     layer& streets = *viewer.Layers().Item(2);
     ASSERT_EQ(streets.Nombre, "Calles");
+    // The whole city is too far out for street names.
+    EXPECT_FALSE(streets.lblVisible);
     places.setUserVisibility(0);
     viewer.SetView(-70.67, -33.46, -70.66, -33.452);
     ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.connection().idle(); }, kLoadMilliseconds));
@@ -196,3 +196,23 @@ TEST_F(DemoServer, AtStreetLevelEachStreetNameIsWrittenOnceBesideItsFirstBlock)
     // The company name in its corner may stand beside one of them.
     EXPECT_LE(written(viewer.grab().toImage()), probed / 10);
 }
+
+TEST_F(DemoServer, OneWayStreetsGetTheirDirectionsOnceDirectionMarksAreOn)
+{
+    show(kAdministrator);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.layerscargados && viewer.PendingRequests() == 0; },
+                                kLoadMilliseconds));
+    layer& streets = *viewer.Layers().Item(2);
+    ASSERT_EQ(streets.DirectionField, "DIR");
+    streets.setUserDirectionVisibility(2);
+    viewer.SetView(-70.67, -33.46, -70.66, -33.452);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.connection().idle(); }, kLoadMilliseconds));
+    std::set<std::int16_t> directions;
+    for (const std::int32_t id : streets.DrawnIDs()) {
+        directions.insert(streets.Entidades.Find(id)->Direction);
+    }
+    EXPECT_EQ(directions, (std::set<std::int16_t>{-1, 0, 1}));
+    EXPECT_TRUE(streets.DirectionVisible);
+}
+
+} // namespace

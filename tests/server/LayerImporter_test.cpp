@@ -67,6 +67,7 @@ protected:
         result.map = 7;
         result.mapName = QStringLiteral("Parques");
         result.labelField = QStringLiteral("NAME");
+        result.labelZoomMax = 2.5f;
         return result;
     }
 
@@ -87,6 +88,7 @@ TEST_F(LayerImport, TypesAreMappedAndMultiGeometriesSplit)
     const messages::LayerRecord& record = map->layers[0];
     EXPECT_EQ(record.type, 4);
     EXPECT_EQ(record.labelField, "name");
+    EXPECT_EQ(record.labelZoomMax, 2.5f);
     const std::vector<messages::FieldRecord> fields = {
         {"name", 202}, {"pop", 3}, {"big", 20}, {"ratio", 5}, {"founded", 202}};
     EXPECT_EQ(record.fields, fields);
