@@ -14,7 +14,6 @@
 #include "QtMapCanvas.h"
 #include "layer.h"
 
-#include <QGuiApplication>
 #include <QImage>
 #include <QPalette>
 
@@ -22,7 +21,6 @@
 
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 #include <random>
 #include <string>
 #include <vector>
@@ -112,16 +110,3 @@ BENCHMARK_CAPTURE(BM_Labels, points_20000_names, orbelan::pointlayer, kEntities,
     ->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-    // QPainter needs a GUI application, which needs no screen here.
-    if (std::getenv("QT_QPA_PLATFORM") == nullptr) {
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    }
-    QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -11,12 +11,11 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QApplication>
+#include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 
 #include <chrono>
-#include <cstdlib>
 #include <memory>
 
 using namespace orbelan;
@@ -120,16 +119,3 @@ void BM_ParseCellGeometry(benchmark::State& state)
 BENCHMARK(BM_ParseCellGeometry)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-    // The Viewer is a widget, which needs an application but no screen.
-    if (std::getenv("QT_QPA_PLATFORM") == nullptr) {
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    }
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -11,7 +11,6 @@
 #include "QtMapCanvas.h"
 #include "layer.h"
 
-#include <QGuiApplication>
 #include <QImage>
 #include <QPalette>
 
@@ -19,7 +18,6 @@
 
 #include <cmath>
 #include <cstdint>
-#include <cstdlib>
 #include <numbers>
 #include <random>
 #include <vector>
@@ -144,16 +142,3 @@ BENCHMARK_CAPTURE(BM_Redraw, polygons_whole, orbelan::polygonlayer, 1.0)->Unit(b
 BENCHMARK_CAPTURE(BM_Redraw, polygons_tenth, orbelan::polygonlayer, 0.1)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-    // QPainter needs a GUI application, which needs no screen here.
-    if (std::getenv("QT_QPA_PLATFORM") == nullptr) {
-        setenv("QT_QPA_PLATFORM", "offscreen", 1);
-    }
-    QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

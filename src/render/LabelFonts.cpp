@@ -1,5 +1,9 @@
 #include "LabelFonts.h"
 
+#include <QFontMetricsF>
+#include <QList>
+#include <QPointF>
+
 #include <algorithm>
 #include <cmath>
 
@@ -35,9 +39,28 @@ const LabelFonts::Face& LabelFonts::face(bool bold)
         font.setPixelSize(pixelSize_);
         font.setWeight(bold ? QFont::Bold : QFont::Normal);
         const QFontMetricsF metrics(font);
-        slot = Face{font, metrics, metrics.ascent()};
+        slot = Face{font, QRawFont::fromFont(font), metrics.ascent(), metrics.height()};
     }
     return *slot;
+}
+
+QGlyphRun LabelFonts::Face::layout(const QString& text, qreal& advance) const
+{
+    const QList<quint32> glyphs = raw.glyphIndexesForString(text);
+    const QList<QPointF> advances = raw.advancesForGlyphIndexes(glyphs);
+    QList<QPointF> positions;
+    positions.reserve(glyphs.size());
+    QPointF pen(0, ascent);
+    for (const QPointF& step : advances) {
+        positions.append(pen);
+        pen += step;
+    }
+    advance = pen.x();
+    QGlyphRun run;
+    run.setRawFont(raw);
+    run.setGlyphIndexes(glyphs);
+    run.setPositions(positions);
+    return run;
 }
 
 int LabelFonts::made() const

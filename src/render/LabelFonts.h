@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QFont>
-#include <QFontMetricsF>
+#include <QGlyphRun>
+#include <QRawFont>
+#include <QString>
 
 #include <array>
 #include <optional>
@@ -18,9 +20,18 @@ class LabelFonts {
 public:
     struct Face {
         QFont font;
-        QFontMetricsF metrics;
-        // From the top of the character cell to the baseline, in pixels.
+        QRawFont raw;
+        // From the top of the character cell to the baseline, and the
+        // cell's whole height, in pixels.
         qreal ascent = 0;
+        qreal height = 0;
+
+        // The text's glyphs placed from the top-left corner of its cell, and
+        // its width. Label texts travel as Windows-1252, where every
+        // character is one glyph, so they are laid out glyph by glyph
+        // without shaping, and without kerning, as the platform's plain text
+        // output does.
+        QGlyphRun layout(const QString& text, qreal& advance) const;
     };
 
     static constexpr const char* kFamily = "Arial";

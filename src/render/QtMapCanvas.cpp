@@ -4,7 +4,6 @@
 #include "OleColor.h"
 #include "RotatedTextStart.h"
 
-#include <QTransform>
 
 #include <algorithm>
 #include <array>
@@ -115,7 +114,8 @@ std::pair<double, double> passage(const QRectF& area, double ax, double ay, doub
 } // namespace
 
 QtMapCanvas::QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& palette)
-    : thin_(picture), view_(view), palette_(palette), picture_(0, 0, picture.width(), picture.height())
+    : thin_(picture), view_(view), palette_(palette), picture_(0, 0, picture.width(), picture.height()),
+      turnedLabels_(picture)
 {
     // The pixels are taken before the painter opens: it paints on the same.
     painter_.begin(&picture);
@@ -493,7 +493,6 @@ void QtMapCanvas::setTextMetrics(const QFont& surfaceFont, int logicalDpiY)
 {
     surfaceMetrics_ = QFontMetricsF(surfaceFont);
     labelFonts_ = LabelFonts(logicalDpiY);
-    boldSelected_.reset();
 }
 
 // The text is printed with its cell's top-left corner at the start, turned
@@ -514,24 +513,16 @@ void QtMapCanvas::DrawRotatedText(double X, double Y, double angle, const std::s
     const QPointF start = rotatedTextStart({anchor.X, anchor.Y}, angle, size, align);
     const double turn = LabelFonts::turn(angle);
     const LabelFonts::Face& face = labelFonts_.face(bold);
+    qreal advance = 0;
+    const QGlyphRun glyphs = face.layout(label, advance);
     flushLines();
     if (turn == 0) {
         setPen(color, 0, 1);
         restorePainterPen();
-        selectLabelFont(bold);
-        painter_.drawText(start + QPointF(0, face.ascent), label);
+        painter_.drawGlyphRun(start, glyphs);
         return;
     }
-    turnedLabels_.draw(painter_, QTransform::fromTranslate(start.x(), start.y()).rotate(-turn), label, face.font,
-                       face.ascent, face.metrics.horizontalAdvance(label), face.metrics.height(), this->color(color));
-}
-
-void QtMapCanvas::selectLabelFont(bool bold)
-{
-    if (boldSelected_ != bold) {
-        painter_.setFont(labelFonts_.face(bold).font);
-        boldSelected_ = bold;
-    }
+    turnedLabels_.draw(painter_, start, turn, glyphs, {advance, face.height}, this->color(color));
 }
 
 } // namespace orbelan

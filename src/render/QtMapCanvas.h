@@ -83,7 +83,6 @@ private:
     void fillAndOutline();
     void restorePainterPen();
     void clipRing();
-    void selectLabelFont(bool bold);
 
     PixelLines thin_;
     QPainter painter_;
@@ -114,8 +113,6 @@ private:
     QFontMetricsF surfaceMetrics_{QFont()};
     LabelFonts labelFonts_{96};
     TurnedLabels turnedLabels_;
-    // The label weight the painter's font has, when it has a label font.
-    std::optional<bool> boldSelected_;
 };
 
 } // namespace orbelan

@@ -4,11 +4,13 @@
 
 #include <QFontInfo>
 #include <QImage>
+#include <QPainter>
 #include <QPalette>
 
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdlib>
 
 using orbelan::LabelFonts;
 using orbelan::rotatedTextStart;
@@ -117,6 +119,43 @@ TEST_F(RotatedTextDrawing, AnUprightLabelRunsUpTheScreenCentredAcrossItsPoint)
     EXPECT_LT(box.left(), 50);
     EXPECT_GT(box.right(), 50);
     EXPECT_LE(box.width(), 12);
+}
+
+// Turned labels are set straight into the picture; the painter, turning
+// the same glyphs itself, draws where they must be and how much ink they
+// take. Its turned outlines are smoothed differently, so single pixels differ.
+TEST_F(RotatedTextDrawing, ATurnedLabelLiesWhereThePainterWouldTurnIt)
+{
+    const auto ink = [](const QImage& image) {
+        long total = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                total += 255 - qGray(image.pixel(x, y));
+            }
+        }
+        return total;
+    };
+    for (const double angle : {30.0, -63.5, 90.0, 180.0}) {
+        picture.fill(Qt::white);
+        draw(0, 0, angle, 1);
+        const QRect drawn = inked();
+        const long drawnInk = ink(picture);
+        picture.fill(Qt::white);
+        {
+            QPainter painter(&picture);
+            qreal advance = 0;
+            painter.setPen(Qt::black);
+            painter.translate(50, 50);
+            painter.rotate(-angle);
+            painter.drawGlyphRun(QPointF(0, 0), LabelFonts(96).face(false).layout(QStringLiteral("WWWWW"), advance));
+        }
+        const QRect expected = inked();
+        for (const QPoint corner : {drawn.topLeft() - expected.topLeft(), drawn.bottomRight() - expected.bottomRight()}) {
+            EXPECT_LE(std::abs(corner.x()), 2) << angle;
+            EXPECT_LE(std::abs(corner.y()), 2) << angle;
+        }
+        EXPECT_NEAR(static_cast<double>(drawnInk) / static_cast<double>(ink(picture)), 1.0, 0.25) << angle;
+    }
 }
 
 TEST_F(RotatedTextDrawing, ALabelFarOutsideThePictureDrawsNothing)
