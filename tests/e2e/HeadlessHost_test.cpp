@@ -1,5 +1,6 @@
 // The headless host in process, around a control whose map is built in the
-// test: a lat/lon view 400 x 200 pixels of (-10, -5) to (10, 5).
+// test: a lat/lon view 400 x 200 pixels of (-10, -5) to (10, 5) with one
+// layer of parks.
 
 #include "HeadlessHost.h"
 #include "ScriptedUiServices.h"
@@ -12,6 +13,7 @@
 
 #include <fstream>
 #include <memory>
+#include <optional>
 #include <sstream>
 #include <vector>
 
@@ -19,36 +21,66 @@ using namespace orbelan;
 
 namespace {
 
-TEST(HeadlessHostToolTip, TheBoxComingIntoViewPrintsItsText)
-{
-    ScriptedUiServices ui;
-    auto owned = std::make_unique<Viewer>();
-    Viewer& viewer = *owned;
-    viewer.setUiServices(ui);
-    viewer.setUserMode(false);
-    viewer.resize(400, 200);
-    viewer.show();
-    viewer.SetView(-10, -5, 10, 5);
-    layer& parks = viewer.Layers().AddLayer("Parques", 3, polygonlayer, viewer);
-    parks.AccessLevel = ALViewer;
-    parks.setUserVisibility(2);
-    parks.ThematicMap().Add(0, 1, 0x00FF00, 0x00FF00, 0, "MICanyMIC", "");
-    parks.lblVisible = true;
-    const std::vector<Vertex> ring = {{-9, -4}, {-1, -4}, {-1, 4}, {-9, 4}};
-    parks.Entidades.AddEntity(1, ring, parks).IDLabel = parks.GetLabelIndex("Parque \"Central\"");
-    viewer.Redraw();
+class HeadlessHostTest : public ::testing::Test {
+protected:
+    HeadlessHostTest()
+    {
+        viewer.setUiServices(ui);
+        viewer.setUserMode(false);
+        viewer.resize(400, 200);
+        viewer.show();
+        viewer.SetView(-10, -5, 10, 5);
+        parks.AccessLevel = ALViewer;
+        parks.setUserVisibility(2);
+        parks.ThematicMap().Add(0, 1, 0x00FF00, 0x00FF00, 0, "MICanyMIC", "");
+        parks.lblVisible = true;
+        const std::vector<Vertex> ring = {{-9, -4}, {-1, -4}, {-1, 4}, {-9, 4}};
+        parks.Entidades.AddEntity(1, ring, parks).IDLabel = parks.GetLabelIndex("Parque \"Central\"");
+        viewer.Redraw();
+        host.emplace(viewer, ui, out);
+    }
 
+    // Runs the commands through the host's event loop turn.
+    bool run(const char* lines)
+    {
+        const QString commands = folder.filePath("commands.txt");
+        std::ofstream(commands.toStdString()) << lines;
+        return host->readFile(commands);
+    }
+
+    ScriptedUiServices ui;
+    std::unique_ptr<Viewer> owned = std::make_unique<Viewer>();
+    Viewer& viewer = *owned;
+    layer& parks = viewer.Layers().AddLayer("Parques", 3, polygonlayer, viewer);
     std::ostringstream out;
-    HeadlessHost host(viewer, ui, out);
+    std::optional<HeadlessHost> host;
     QTemporaryDir folder;
-    const QString commands = folder.filePath("commands.txt");
-    std::ofstream(commands.toStdString()) << "SetToolTip 3 \"NOMBRE\"\nmouse move 0 40 50\n";
-    ASSERT_TRUE(host.readFile(commands));
-    EXPECT_TRUE(QTest::qWaitFor([&out] { return out.str().find("tooltip") != std::string::npos; }));
+};
+
+TEST_F(HeadlessHostTest, TheToolTipBoxComingIntoViewPrintsItsText)
+{
+    ASSERT_TRUE(run("SetToolTip 3 \"NOMBRE\"\nmouse move 0 40 50\n"));
+    EXPECT_TRUE(QTest::qWaitFor([this] { return out.str().find("tooltip") != std::string::npos; }));
     EXPECT_EQ(out.str(), "event MousePosition -8 2.5\n"
                          "tooltip \"Etiqueta: Parque \\\"Central\\\"\"\n");
     // As in the program, the control goes while the host still watches it.
     owned.reset();
+}
+
+TEST_F(HeadlessHostTest, LayerVisibilitySetsTheUsersLevelsAndRefusesWhatItCannotSet)
+{
+    ASSERT_TRUE(run("layer-visibility 3 labels 2\nlayer-visibility 3 directions 1\nlayer-visibility 3 geometry 0\n"
+                    "layer-visibility 4 labels 2\nlayer-visibility 3 labels 3\nlayer-visibility 3 colour 1\n"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(parks.UserLabelVisibility(), 2);
+    EXPECT_EQ(parks.UserDirectionVisibility(), 1);
+    EXPECT_EQ(parks.UserVisibility(), 0);
+    // The map was drawn again without the hidden parks.
+    EXPECT_TRUE(parks.DrawnIDs().empty());
+    const std::string refused = "error \"layer-visibility needs a layer, geometry|labels|directions and a level 0 to 2\"\n";
+    const std::string redrawn = "event MapRedrawn\n";
+    EXPECT_EQ(out.str(), redrawn + redrawn + redrawn + refused + refused +
+                             "error \"layer-visibility: \\\"colour\\\" is not geometry, labels or directions\"\n");
 }
 
 } // namespace
