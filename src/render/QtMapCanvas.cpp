@@ -4,7 +4,6 @@
 #include "OleColor.h"
 #include "RotatedTextStart.h"
 
-
 #include <algorithm>
 #include <array>
 #include <cmath>

@@ -19,7 +19,6 @@
 #include <QRectF>
 
 #include <cstdint>
-#include <optional>
 #include <span>
 #include <string>
 #include <vector>
