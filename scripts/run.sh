@@ -38,7 +38,8 @@ for _ in $(seq 50); do
   sleep 0.1
 done
 
-viewer=(build/bin/orbelan-viewer --url 127.0.0.1 --port "$port" --user 1 --map 1)
+# The tooltip names the street under the resting mouse.
+viewer=(build/bin/orbelan-viewer --url 127.0.0.1 --port "$port" --user 1 --map 1 --tooltip 101)
 if [[ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]]; then
   "${viewer[@]}" "$@"
 else

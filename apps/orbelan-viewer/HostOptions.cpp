@@ -46,6 +46,7 @@ std::optional<HostOptions> HostOptions::parse(const QStringList& arguments, int&
         {"port", "Map server port (overrides the saved port property).", "N"},
         {"user", "User id (IDUser).", "ID"},
         {"map", "Map code (MapCode).", "CODE"},
+        {"tooltip", "Show the label of LAYER's element under the resting mouse (SetToolTip).", "LAYER"},
         {"size", "Size of the control, for example 800x600.", "WxH"},
         {"headless", "Run without a window: commands on stdin, events on stdout."},
         {"commands", "Read the headless commands from FILE instead of stdin.", "FILE"},
@@ -72,6 +73,7 @@ std::optional<HostOptions> HostOptions::parse(const QStringList& arguments, int&
     options.port = integer(parser, "port", ok);
     options.user = integer(parser, "user", ok);
     options.map = integer(parser, "map", ok);
+    options.toolTipLayer = integer(parser, "tooltip", ok);
     if (parser.isSet("size")) {
         const auto size = parseSize(parser.value("size"));
         if (!size) {

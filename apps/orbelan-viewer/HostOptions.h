@@ -14,6 +14,8 @@ struct HostOptions {
     std::optional<int> port;
     std::optional<int> user;
     std::optional<int> map;
+    // The layer whose labels the map tooltip shows (SetToolTip).
+    std::optional<int> toolTipLayer;
     QSize size{800, 600};
     bool headless = false;
     bool show = true;

@@ -39,6 +39,7 @@ void configure(Viewer& viewer, const HostOptions& options, const PropertyBag& ba
     if (options.port) viewer.setPort(*options.port);
     if (options.user) viewer.setIDUser(*options.user);
     if (options.map) viewer.setMapCode(*options.map);
+    if (options.toolTipLayer) viewer.SetToolTip(*options.toolTipLayer, QString());
     viewer.resize(options.size);
 }
 
