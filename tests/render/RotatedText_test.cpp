@@ -158,6 +158,20 @@ TEST_F(RotatedTextDrawing, ATurnedLabelLiesWhereThePainterWouldTurnIt)
     }
 }
 
+// A picture whose pixels the canvas cannot set itself gets turned labels
+// through the painter, in the same place.
+TEST_F(RotatedTextDrawing, APictureOfAnotherFormatGetsTurnedLabelsAllTheSame)
+{
+    draw(0, -30, 90, 3, LabelFonts(96).face(false).font);
+    const QRect direct = inked();
+    picture = QImage(100, 100, QImage::Format_RGB888);
+    picture.fill(Qt::white);
+    draw(0, -30, 90, 3, LabelFonts(96).face(false).font);
+    const QRect painted = inked();
+    EXPECT_LE((painted.topLeft() - direct.topLeft()).manhattanLength(), 2);
+    EXPECT_LE((painted.bottomRight() - direct.bottomRight()).manhattanLength(), 2);
+}
+
 TEST_F(RotatedTextDrawing, ALabelFarOutsideThePictureDrawsNothing)
 {
     draw(1E6, 0, 0, 1);
