@@ -4,10 +4,16 @@
 
 #include "CellGeometry.h"
 #include "CellGeometryLoader.h"
+#include "CellRequester.h"
 #include "DemoServerThread.h"
+#include "LoadContext.h"
+#include "MapDocument.h"
 #include "MessageIO.h"
+#include "RequestSender.h"
 #include "ScriptedUiServices.h"
+#include "SessionEvents.h"
 #include "Viewer.h"
+#include "Viewport.h"
 
 #include <benchmark/benchmark.h>
 
@@ -54,10 +60,10 @@ double loadSeconds(quint16 port, std::int32_t map)
     QElapsedTimer clock;
     clock.start();
     viewer.show();
-    while (!(viewer.layerscargados && viewer.connection().idle()) && clock.elapsed() < kLoadLimitMilliseconds) {
+    while (!(viewer.layerscargados() && viewer.isIdle()) && clock.elapsed() < kLoadLimitMilliseconds) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 1);
     }
-    return viewer.layerscargados ? static_cast<double>(clock.nsecsElapsed()) / 1e9 : -1;
+    return viewer.layerscargados() ? static_cast<double>(clock.nsecsElapsed()) / 1e9 : -1;
 }
 
 void BM_LoadMap(benchmark::State& state, std::int32_t map)
@@ -97,21 +103,43 @@ DWBUffer bigCell()
     return messages::buildMessage(cell);
 }
 
+// A session whose requests and events go nowhere: only the loader runs.
+class NoRequests : public RequestSender {
+public:
+    void sendRequest(CommandCode, const std::function<void(DWBUffer&)>&) override {}
+    void replyHandled() override {}
+};
+
+class NoEvents : public SessionEvents {
+public:
+    void redrawMap() override {}
+    void zoomToExtents() override {}
+    void changeStatus(std::int32_t, std::uint8_t, const QString&) override {}
+    void mapLoaded() override {}
+    QWidget* dialogParent() override { return nullptr; }
+};
+
 void BM_ParseCellGeometry(benchmark::State& state)
 {
+    Viewport view;
+    NoRequests requests;
+    NoEvents events;
+    ScriptedUiServices ui;
     const DWBUffer message = bigCell();
     std::int64_t vertices = 0;
     for (auto _ : state) {
         state.PauseTiming();
-        auto viewer = std::make_unique<Viewer>();
-        viewer->Layers().AddLayer("Calles", 7, polylinelayer, *viewer);
+        auto document = std::make_unique<MapDocument>(view);
+        document->addLayer("Calles", 7, polylinelayer);
+        CellRequester cells(requests, *document, view, events);
+        LoadContext context{*document, requests, cells, ui, events};
         DWBUffer reply(message.bytes());
         reply.GetFromBuffer(10);
         state.ResumeTiming();
-        loadCellGeometry(reply, viewer->connection(), *viewer);
+        loadCellGeometry(reply, context);
         state.PauseTiming();
         vertices += 20'000 * 10;
-        viewer.reset();
+        document.reset();
         state.ResumeTiming();
     }
     state.counters["vertices_per_s"] = benchmark::Counter(static_cast<double>(vertices), benchmark::Counter::kIsRate);

@@ -4,7 +4,9 @@
 #include "InputCodes.h"
 #include "LineFormat.h"
 #include "ScriptedUiServices.h"
+#include "Layers.h"
 #include "Viewer.h"
+#include "Viewport.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -330,10 +332,10 @@ void HeadlessHost::waitIdle(const QStringList& arguments)
         return;
     }
     QDeadlineTimer deadline(static_cast<qint64>(*seconds * 1000));
-    while (!viewer_.connection().idle() && !deadline.hasExpired()) {
+    while (!viewer_.isIdle() && !deadline.hasExpired()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, kIdlePollMilliseconds);
     }
-    if (!viewer_.connection().idle()) {
+    if (!viewer_.isIdle()) {
         error(QStringLiteral("wait-idle: %1 request(s) still pending after %2 s")
                   .arg(viewer_.PendingRequests())
                   .arg(*seconds));
@@ -514,7 +516,7 @@ bool HeadlessHost::snapshotWhenLoaded(const QString& path, int seconds)
     bool loaded = false;
     const QMetaObject::Connection watch = connect(&viewer_, &Viewer::MapLoaded, this, [&loaded] { loaded = true; });
     QDeadlineTimer deadline(static_cast<qint64>(seconds) * 1000);
-    while (!(loaded && viewer_.connection().idle()) && !deadline.hasExpired() && !failureShown()) {
+    while (!(loaded && viewer_.isIdle()) && !deadline.hasExpired() && !failureShown()) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, kIdlePollMilliseconds);
     }
     disconnect(watch);
@@ -522,7 +524,7 @@ bool HeadlessHost::snapshotWhenLoaded(const QString& path, int seconds)
         error(QStringLiteral("snapshot: the map cannot be loaded"));
         return false;
     }
-    if (!loaded || !viewer_.connection().idle()) {
+    if (!loaded || !viewer_.isIdle()) {
         error(QStringLiteral("snapshot: the map did not finish loading within %1 s").arg(seconds));
         return false;
     }

@@ -6,7 +6,7 @@
 
 namespace orbelan {
 
-layer& Layers::AddLayer(const std::string& name, std::int32_t key, TipoLayer kind, ParentMap& viewer)
+layer& Layers::AddLayer(const std::string& name, std::int32_t key, TipoLayer kind, const ParentMap& viewer)
 {
     auto created = std::make_unique<layer>();
     created->Nombre = name;

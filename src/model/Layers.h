@@ -16,7 +16,7 @@ class Layers : public KeyedCollection<layer, std::int32_t> {
 public:
     // A selectable, visible layer at the end, with the Viewer's number for
     // the image of the same name. DuplicateKeyError when the key is taken.
-    layer& AddLayer(const std::string& name, std::int32_t key, TipoLayer kind, ParentMap& viewer);
+    layer& AddLayer(const std::string& name, std::int32_t key, TipoLayer kind, const ParentMap& viewer);
 
     // Moves the layer under key to a 1-based position: it is taken out and
     // put back before the layer then at that position, or at the end when

@@ -166,7 +166,7 @@ void layer::setDefaultTheme(const Theme& theme)
     *current = theme;
 }
 
-ParentMap& layer::map() const
+const ParentMap& layer::map() const
 {
     if (parentMap == nullptr) {
         throw std::logic_error("layer " + std::to_string(IDLayer) + " belongs to no Viewer");
@@ -252,16 +252,6 @@ std::vector<GridCell> layer::GetEntityCells(std::int32_t ID) const
         }
     }
     return cells;
-}
-
-void layer::RequestCellsAgain()
-{
-    ParentMap& viewer = map();
-    // A copy, as a request may well note further cells in the list.
-    const std::vector<GridCell> cells(requestedCells_.cells().begin(), requestedCells_.cells().end());
-    for (const GridCell& cell : cells) {
-        viewer.RequestCell(IDLayer, cell.row, cell.column, ThematicField);
-    }
 }
 
 void layer::AppendDrawnID(std::int32_t ID)

@@ -32,9 +32,8 @@ class MapCanvas;
 // (DrawnIDs), except SelectElementsInPolygon, which looks at them all.
 //
 // The public fields are the layer's properties, in their declared order,
-// with the values of a new layer. Operations that need the Viewer (the
-// visibility tests at user level 1 and RequestCellsAgain) raise
-// std::logic_error when the layer has no parentMap.
+// with the values of a new layer. The visibility tests at user level 1 need
+// the map view and raise std::logic_error when the layer has no parentMap.
 class layer {
 public:
     // A hit must lie closer than this to the nearest line (or point, for a
@@ -46,7 +45,7 @@ public:
     BoundingBox bb;
     std::string Nombre;
     TipoLayer Tipo{};
-    ParentMap* parentMap = nullptr;
+    const ParentMap* parentMap = nullptr;
     bool Selectable = false;
     // The result of the last CalculateVisibility that a redraw stored.
     bool Visible = false;
@@ -145,8 +144,6 @@ public:
     const CellList& RequestedCells() const { return requestedCells_; }
     const CellList& RequestedLabelCells() const { return requestedLabelCells_; }
     const CellList& RequestedDirectionCells() const { return requestedDirectionCells_; }
-    // Asks the Viewer for every requested geometry cell again, in order.
-    void RequestCellsAgain();
 
     // The IDs the last full redraw drew, in drawing order; a redraw empties
     // the list and appends each entity it draws.
@@ -213,7 +210,7 @@ public:
     bool RemoveEntity(std::int32_t ID) { return Entidades.RemoveKey(ID); }
 
 private:
-    ParentMap& map() const;
+    const ParentMap& map() const;
     bool zoomVisible(float upper, float lower, std::int16_t level) const;
     bool isShown(const Entidad& entity) const;
     double pickDistance(const Entidad* entity, double X, double Y, double tolerance) const;

@@ -41,14 +41,7 @@ void ServerConnection::sendRequest(CommandCode code, const std::function<void(DW
     if (isCounted(code) && pendingRequests_ < Count::max()) {
         ++pendingRequests_;
     }
-    DWBUffer message;
-    message.CrearHeader();
-    message.PutInteger(codeNumber(code));
-    if (writePayload) {
-        writePayload(message);
-    }
-    message.cerrarMensaje(0);
-
+    const DWBUffer message = composeRequest(code, writePayload);
     const int state = socket_.State();
     if (state != kSocketConnected && state != kSocketOpen) {
         connectToServer();

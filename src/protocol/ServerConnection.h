@@ -3,6 +3,7 @@
 #include "CommandCatalogue.h"
 #include "DWBUffer.h"
 #include "MessageFramer.h"
+#include "RequestSender.h"
 #include "Socket.h"
 
 #include <QObject>
@@ -26,7 +27,7 @@ namespace orbelan {
 // may wait for a connection with the event loop running, so bytes can arrive
 // while a handler runs: the messages they complete are queued and handed out
 // by the outer arrival once the running handler returns.
-class ServerConnection : public QObject {
+class ServerConnection : public QObject, public RequestSender {
     Q_OBJECT
 
 public:
@@ -44,7 +45,7 @@ public:
     // payload), re-opens a connection that is not up with the host and port
     // the socket still holds, and hands the bytes to the socket. A failed
     // re-connection is not reported here: the socket's send fails instead.
-    void sendRequest(CommandCode code, const std::function<void(DWBUffer&)>& writePayload = {});
+    void sendRequest(CommandCode code, const std::function<void(DWBUffer&)>& writePayload = {}) override;
     // Replaces the handler; an empty one brings back the default, which only
     // counts off the replies the catalogue counts.
     void setMessageHandler(MessageHandler handler);
@@ -53,7 +54,7 @@ public:
     // Forgets every awaited reply (the host reloaded the control's properties).
     void resetPendingRequests() { pendingRequests_ = 0; }
     // The first thing every handler of a counted reply does.
-    void replyHandled();
+    void replyHandled() override;
 
     // Bytes of a message that is not whole yet are held (a split header too).
     bool receiving() const;

@@ -156,8 +156,8 @@ void QtMapCanvas::ToScreen(std::span<const Vertex> vertices, std::span<ScreenPoi
 {
     const MapPoint centre = view_.centre();
     const double scale = view_.scale();
-    const double halfWidth = view_.width() / 2.0;
-    const double halfHeight = view_.height() / 2.0;
+    const double halfWidth = view_.pixelWidth() / 2.0;
+    const double halfHeight = view_.pixelHeight() / 2.0;
     for (std::size_t k = 0; k < std::min(vertices.size(), screen.size()); ++k) {
         MapPoint plane;
         if (view_.project(vertices[k].X, vertices[k].Y, plane)) {

@@ -1,11 +1,10 @@
 #include "CToolTip.h"
 
-#include "Viewer.h"
+#include "Layers.h"
+#include "Viewport.h"
 
 #include <QLabel>
 #include <QTimer>
-
-#include <stdexcept>
 
 namespace orbelan {
 
@@ -36,12 +35,15 @@ QString labelWord(const layer& mapLayer, std::int32_t IDLabel)
 
 } // namespace
 
-void CToolTip::initialize(Viewer& viewer, QTimer& timer, QWidget& box, QLabel& label)
+CToolTip::CToolTip(const QWidget& surface, const Viewport& view, Layers& layers, QTimer& timer,
+                   QWidget& box, QLabel& label)
+    : surface_(surface),
+      view_(view),
+      layers_(layers),
+      timer_(timer),
+      box_(box),
+      label_(label)
 {
-    viewer_ = &viewer;
-    timer_ = &timer;
-    box_ = &box;
-    label_ = &label;
     box.hide();
     QPalette boxColors = box.palette();
     boxColors.setColor(QPalette::Window, boxColors.color(QPalette::ToolTipBase));
@@ -53,45 +55,36 @@ void CToolTip::initialize(Viewer& viewer, QTimer& timer, QWidget& box, QLabel& l
     label.setAutoFillBackground(false);
 }
 
-void CToolTip::requireInitialized() const
-{
-    if (!viewer_) {
-        throw std::logic_error("CToolTip used before initialize");
-    }
-}
-
 void CToolTip::mousemove(float X, float Y)
 {
-    requireInitialized();
     currentX_ = X;
     currentY_ = Y;
-    if (timer_->isActive()) {
-        box_->hide();
+    if (timer_.isActive()) {
+        box_.hide();
         return;
     }
     sampledX_ = X;
     sampledY_ = Y;
-    timer_->start(kSampleMilliseconds);
+    timer_.start(kSampleMilliseconds);
 }
 
 void CToolTip::SetLayer(std::int32_t layerID, const QString& fieldName)
 {
     layerID_ = layerID;
     fieldName_ = fieldName;
-    if (layerID == 0 && box_) {
-        box_->hide();
+    if (layerID == 0) {
+        box_.hide();
     }
 }
 
 void CToolTip::timer()
 {
-    requireInitialized();
     if (currentX_ != sampledX_ || currentY_ != sampledY_) {
         sampledX_ = currentX_;
         sampledY_ = currentY_;
         return;
     }
-    timer_->stop();
+    timer_.stop();
     if (layerID_ == 0) {
         return;
     }
@@ -104,11 +97,11 @@ void CToolTip::timer()
 // scale, or no drawn entity lies under the pointer.
 std::optional<QString> CToolTip::labelUnderPointer() const
 {
-    layer* mapLayer = viewer_->Layers().Find(layerID_);
+    layer* mapLayer = layers_.Find(layerID_);
     double lon = 0;
     double lat = 0;
     if (!mapLayer || !mapLayer->lblVisible ||
-        !viewer_->viewport().screenToGeographic(currentX_, currentY_, lon, lat)) {
+        !view_.screenToGeographic(currentX_, currentY_, lon, lat)) {
         return std::nullopt;
     }
     const std::int32_t id = mapLayer->SelectByPoint(lon, lat);
@@ -123,33 +116,33 @@ std::optional<QString> CToolTip::labelUnderPointer() const
 // box goes up by the drop and its own height.
 void CToolTip::show(const QString& text)
 {
-    label_->setText(text);
-    label_->adjustSize();
-    label_->move(twipsToPixelsX(kLabelLeftTwips), 0);
+    label_.setText(text);
+    label_.adjustSize();
+    label_.move(twipsToPixelsX(kLabelLeftTwips), 0);
     const int drop = twipsToPixelsY(kBoxDropTwips);
     QRect placed(qRound(currentX_), qRound(currentY_) + drop,
-                 label_->width() + twipsToPixelsX(kBoxPaddingWidthTwips),
-                 label_->height() + twipsToPixelsY(kBoxPaddingHeightTwips));
-    const int rightLimit = viewer_->width() - twipsToPixelsX(kRightMarginTwips);
+                 label_.width() + twipsToPixelsX(kBoxPaddingWidthTwips),
+                 label_.height() + twipsToPixelsY(kBoxPaddingHeightTwips));
+    const int rightLimit = surface_.width() - twipsToPixelsX(kRightMarginTwips);
     if (placed.left() + placed.width() > rightLimit) {
         placed.moveLeft(rightLimit - placed.width());
     }
-    if (placed.top() > viewer_->height()) {
-        placed.moveTop(viewer_->height() - drop - placed.height());
+    if (placed.top() > surface_.height()) {
+        placed.moveTop(surface_.height() - drop - placed.height());
     }
-    box_->setGeometry(placed);
-    box_->raise();
-    box_->show();
+    box_.setGeometry(placed);
+    box_.raise();
+    box_.show();
 }
 
 int CToolTip::twipsToPixelsX(int twips) const
 {
-    return twipsToPixels(twips, viewer_->logicalDpiX());
+    return twipsToPixels(twips, surface_.logicalDpiX());
 }
 
 int CToolTip::twipsToPixelsY(int twips) const
 {
-    return twipsToPixels(twips, viewer_->logicalDpiY());
+    return twipsToPixels(twips, surface_.logicalDpiY());
 }
 
 } // namespace orbelan

@@ -11,7 +11,8 @@ class QWidget;
 
 namespace orbelan {
 
-class Viewer;
+class Layers;
+class Viewport;
 
 // The map tooltip: when the mouse comes to rest over the map, a small box
 // under the pointer shows the label of the entity there, taken from the one
@@ -25,9 +26,11 @@ class CToolTip {
 public:
     static constexpr int kSampleMilliseconds = 100;
 
-    // The Viewer's sampling timer, box and the label inside the box. The box
-    // is hidden and takes the platform's tooltip colours.
-    void initialize(Viewer& viewer, QTimer& timer, QWidget& box, QLabel& label);
+    // The map's surface with its view and layers, the sampling timer, the
+    // box and the label inside the box. The box is hidden and takes the
+    // platform's tooltip colours.
+    CToolTip(const QWidget& surface, const Viewport& view, Layers& layers, QTimer& timer, QWidget& box,
+             QLabel& label);
 
     // A move while sampling hides the box; a move while idle starts sampling.
     void mousemove(float X, float Y);
@@ -42,7 +45,6 @@ public:
     const QString& fieldName() const { return fieldName_; }
 
 private:
-    void requireInitialized() const;
     std::optional<QString> labelUnderPointer() const;
     void show(const QString& text);
     int twipsToPixelsX(int twips) const;
@@ -52,10 +54,12 @@ private:
     float currentY_ = 0;
     float sampledX_ = 0;
     float sampledY_ = 0;
-    Viewer* viewer_ = nullptr;
-    QTimer* timer_ = nullptr;
-    QWidget* box_ = nullptr;
-    QLabel* label_ = nullptr;
+    const QWidget& surface_;
+    const Viewport& view_;
+    Layers& layers_;
+    QTimer& timer_;
+    QWidget& box_;
+    QLabel& label_;
     std::int32_t layerID_ = 0;
     QString fieldName_;
 };

@@ -1,34 +1,22 @@
 #pragma once
 
-#include "Layers.h"
-#include "ParentMap.h"
-#include "MapMouseEvent.h"
-#include "ServerConnection.h"
-#include "StatusList.h"
-#include "Viewport.h"
-
-#include <QImage>
 #include <QList>
+#include <QString>
 #include <QStringList>
 #include <QWidget>
 
 #include <cstdint>
-#include <map>
 #include <memory>
-#include <optional>
-#include <string>
 
 class QLabel;
-class QRubberBand;
-class QTimer;
 
 namespace orbelan {
 
-class ActivityShape;
-class CToolTip;
-class MapTool;
+class Layers;
 class PropertyBag;
 class UiServices;
+class ViewerPrivate;
+class Viewport;
 
 // The map viewer control: one map of one map server, shown and edited in a
 // widget that host applications embed.
@@ -41,7 +29,7 @@ class UiServices;
 //
 // Every change of view ends in SetView, which fits a geographic box into the
 // control, redraws and asks the server for the grid cells still missing.
-class Viewer : public QWidget, public ParentMap {
+class Viewer : public QWidget {
     Q_OBJECT
     Q_PROPERTY(uint BackColor READ BackColor WRITE setBackColor)
     Q_PROPERTY(uint ForeColor READ ForeColor WRITE setForeColor)
@@ -56,16 +44,12 @@ class Viewer : public QWidget, public ParentMap {
     Q_PROPERTY(int Height READ Height WRITE setHeight)
     Q_PROPERTY(int PendingRequests READ PendingRequests)
     Q_PROPERTY(int Projection READ Projection WRITE setProjection)
-    Q_PROPERTY(uint BackgroundColor MEMBER BackgroundColor)
+    Q_PROPERTY(uint BackgroundColor READ BackgroundColor WRITE setBackgroundColor)
+    Q_PROPERTY(QString Nombre READ Nombre WRITE setNombre)
+    Q_PROPERTY(bool layerscargados READ layerscargados WRITE setLayerscargados)
     Q_PROPERTY(int Tool READ currentTool)
 
 public:
-    // The numbers of the tools that hosts observe.
-    static constexpr int NoToolNumber = 0;
-    static constexpr int ZoomWindowToolNumber = 1;
-    static constexpr int ZoomFactorToolNumber = 2;
-    static constexpr int PanToolNumber = 3;
-
     // Keys of the persisted properties in the host's property bag.
     static constexpr const char* kBackColorKey = "BackColor";
     static constexpr const char* kForeColorKey = "ForeColor";
@@ -85,58 +69,57 @@ public:
     // Message boxes and modal dialogs go through these services (not owned);
     // by default real widgets are used.
     void setUiServices(UiServices& services);
-    UiServices& uiServices() const { return *ui_; }
 
     // True in applications; false in a designer, where the control never
     // connects.
-    bool userMode() const { return userMode_; }
-    void setUserMode(bool userMode) { userMode_ = userMode; }
+    bool userMode() const;
+    void setUserMode(bool userMode);
 
     // Persisted properties. Enabled and the font are the widget's own
     // (setEnabled, setFont); their changes are announced as well.
-    std::uint32_t BackColor() const { return backColor_; }
+    std::uint32_t BackColor() const;
     void setBackColor(std::uint32_t color);
-    std::uint32_t ForeColor() const { return foreColor_; }
+    std::uint32_t ForeColor() const;
     void setForeColor(std::uint32_t color);
-    std::int16_t Appearance() const { return appearance_; }
+    std::int16_t Appearance() const;
     void setAppearance(std::int16_t appearance);
-    std::int16_t BackStyle() const { return backStyle_; }
+    std::int16_t BackStyle() const;
     void setBackStyle(std::int16_t backStyle);
-    std::int16_t BorderStyle() const { return borderStyle_; }
+    std::int16_t BorderStyle() const;
     void setBorderStyle(std::int16_t borderStyle);
-    // The server's host and port live in the socket: a change applies to the
-    // next connection, never to an open one.
+    // The server's host and port live in the connection: a change applies to
+    // the next connection, never to an open one.
     QString URL() const;
     void setURL(const QString& url);
     std::int32_t port() const;
     // Throws std::invalid_argument for a number that is not a TCP port.
     void setPort(std::int32_t port);
-    std::int32_t MapCode() const { return mapCode_; }
+    std::int32_t MapCode() const;
     void setMapCode(std::int32_t mapCode);
-    std::int32_t IDUser() const { return idUser_; }
+    std::int32_t IDUser() const;
     void setIDUser(std::int32_t idUser);
 
     int Width() const { return width(); }
     void setWidth(int width);
-    int Height() const override { return height(); }
+    int Height() const { return height(); }
     void setHeight(int height);
 
-    // The map's projection code: 0 latitude/longitude, 1 Albers, 40 to 160 UTM.
-    int Projection() const { return viewport_.Projection(); }
-    void setProjection(int code) { viewport_.setProjection(code); }
+    // The loaded map. The projection code (0 latitude/longitude, 1 Albers,
+    // 40 to 160 UTM) takes effect at the next SetView.
+    int Projection() const;
+    void setProjection(int code);
     // The map's name, as its definition gives it.
-    std::string Nombre;
+    QString Nombre() const;
+    void setNombre(const QString& name);
     // True once the geometry of a first cell has arrived.
-    bool layerscargados = false;
+    bool layerscargados() const;
+    void setLayerscargados(bool loaded);
     // The colour the map is cleared with before each redraw.
-    std::uint32_t BackgroundColor = 0xFFFFFF;
-    // The map's whole area in degrees, shown by ZoomExtents.
-    BoundingBox mapExtent;
-    // True while a map or layer is loading: navigation then does nothing.
-    bool busy = false;
-
-    orbelan::Layers& Layers() { return layers_; }
-    const Viewport& viewport() const { return viewport_; }
+    std::uint32_t BackgroundColor() const;
+    void setBackgroundColor(std::uint32_t color);
+    orbelan::Layers& Layers();
+    // The view: centre and scale in the map's plane, the visible box in degrees.
+    const Viewport& viewport() const;
 
     // A new control on a host form: the ambient font, map 1, and the next
     // show is a first show again.
@@ -179,42 +162,16 @@ public:
     // visible layer, label and direction values where those show.
     void RequestMissingCells();
 
-    int currentTool() const { return tool_.current; }
-
-    // What the map tools need of the control.
-    QPointF pressedPixel() const { return tool_.pressedPixel; }
-    MapPoint pressedPoint() const { return tool_.pressed; }
-    float zoomFactor() const { return tool_.zoomFactor; }
-    void showRubberBand(const QRect& rectangle);
-    void hideRubberBand();
-    // Moves the map picture by offset while a pan drag is under way.
-    void setPanOffset(QPoint offset);
-    // Ends a zoom or pan: the tool that was armed before it comes back while
-    // a multi-step operation is under way, otherwise no tool; a completed
-    // drag becomes the previous tool, so that the click ending it re-arms.
-    void finishNavigation(int tool, bool completed);
-    // Zooms by factor, keeping the view's size ratio, centred on the point.
-    void zoomAbout(float factor, MapPoint centre);
-
-    float DrawScale() const override { return viewport_.scale(); }
-    // The control has no raster images yet: every name gives -1.
-    std::int32_t ImageNumberOf(std::string_view imageName) const override;
-    // Geometry requests carry the layer, row and column; the thematic field
-    // is asked for once the cell has arrived.
-    void RequestCell(std::int32_t layerID, std::int32_t row, std::int32_t column,
-                     std::string_view thematicField) override;
-    // Asks for one field's values in a cell of the layer; label and thematic
-    // requests show as such in the status list.
-    void requestFieldValues(const layer& mapLayer, GridCell cell, const std::string& field);
-
-    std::int32_t PendingRequests() const { return connection_.pendingRequests(); }
-    ServerConnection& connection() { return connection_; }
+    // The current mouse tool: 0 none, 1 zoom window, 2 zoom by factor, 3 pan.
+    int currentTool() const;
+    std::int32_t PendingRequests() const;
+    // No reply awaited, nothing unread or half received from the server.
+    bool isIdle() const;
     // The steps in progress, one per line, as the status label shows them.
     QString statusText() const;
-    void changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName = {});
     // The tooltip's box and the label inside it, for hosts that report it.
-    QWidget* toolTipBox() const { return picToolTip_; }
-    const QLabel* toolTipLabel() const { return lblToolTip_; }
+    QWidget* toolTipBox() const;
+    const QLabel* toolTipLabel() const;
 
 signals:
     void propertyChanged(const QString& key);
@@ -252,76 +209,10 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    void createSurface();
-    void createToolTipBox();
-    CToolTip& toolTip();
-    void redrawMap(std::optional<std::int32_t> onlyLayer);
-    void connectReceiveSide();
-    void firstShow();
-    void requestAccess();
-    void closeConnection();
-    void placeCompanyLabel();
-    void placeIndicators();
-    void applyColors();
-    void refreshStatusLabel();
-    void zoomAboutCentre(float factor);
-    void panByQuarter(int dx, int dy);
-    bool navigationKey(int key);
-    void armTool(int tool);
-    void ResetTool();
-    void selectToolCursor();
-    MapTool* tool() const;
-    MapMouseEvent mapEvent(const QMouseEvent& event) const;
-    void requestMissingCells(layer& mapLayer, const std::vector<GridCell>& cells);
-    void showIdlePointer();
+    friend class ViewerPrivate;
     QFont ambientFont() const;
 
-    std::unique_ptr<UiServices> ownUi_;
-    UiServices* ui_ = nullptr;
-    ServerConnection connection_;
-    StatusList status_;
-    Viewport viewport_;
-    orbelan::Layers layers_;
-    QImage imgMap_;
-    QPoint panOffset_;
-
-    // The mouse tool machinery: the tool numbers hosts see and the state the
-    // tools share.
-    struct ToolState {
-        int current = NoToolNumber;
-        int previous = NoToolNumber;
-        bool multiStep = false;
-        bool dragging = false;
-        int pressedButton = 0;
-        QPointF pressedPixel;
-        MapPoint pressed;
-        MapPoint currentPoint;
-        float zoomFactor = 2;
-    } tool_;
-    std::map<int, std::unique_ptr<MapTool>> tools_;
-    QRubberBand* RubberBand_ = nullptr;
-
-    ActivityShape* shpReadingData_ = nullptr;
-    QLabel* lblstatus_ = nullptr;
-    bool statusRefreshPending_ = false;
-    QLabel* lblCompany_ = nullptr;
-
-    // The tooltip's parts live with the control; its logic comes with the
-    // first SetToolTip.
-    QTimer* tmrToolTip_ = nullptr;
-    QWidget* picToolTip_ = nullptr;
-    QLabel* lblToolTip_ = nullptr;
-    std::unique_ptr<CToolTip> toolTip_;
-
-    bool userMode_ = true;
-    bool firstShow_ = true;
-    std::uint32_t backColor_;
-    std::uint32_t foreColor_;
-    std::int16_t appearance_ = 1;
-    std::int16_t backStyle_ = 1;
-    std::int16_t borderStyle_ = 0;
-    std::int32_t mapCode_ = 1;
-    std::int32_t idUser_ = 0;
+    std::unique_ptr<ViewerPrivate> d_;
 };
 
 } // namespace orbelan

@@ -4,7 +4,9 @@
 
 #include "HeadlessHost.h"
 #include "ScriptedUiServices.h"
+#include "Layers.h"
 #include "Viewer.h"
+#include "Viewport.h"
 
 #include <QTemporaryDir>
 #include <QTest>
@@ -51,7 +53,7 @@ protected:
     ScriptedUiServices ui;
     std::unique_ptr<Viewer> owned = std::make_unique<Viewer>();
     Viewer& viewer = *owned;
-    layer& parks = viewer.Layers().AddLayer("Parques", 3, polygonlayer, viewer);
+    layer& parks = viewer.Layers().AddLayer("Parques", 3, polygonlayer, viewer.viewport());
     std::ostringstream out;
     std::optional<HeadlessHost> host;
     QTemporaryDir folder;

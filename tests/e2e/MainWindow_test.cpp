@@ -1,5 +1,7 @@
 #include "MainWindow.h"
+#include "Layers.h"
 #include "Viewer.h"
+#include "Viewport.h"
 
 #include <QMenu>
 #include <QMenuBar>

@@ -8,8 +8,10 @@
 // the label 50 twips = 3 pixels from its left side.
 
 #include "CToolTip.h"
+#include "Layers.h"
 #include "ScriptedUiServices.h"
 #include "Viewer.h"
+#include "Viewport.h"
 
 #include <QLabel>
 #include <QTest>
@@ -42,7 +44,6 @@ protected:
         addRectangle(2, 0.5, -5, 4.5, 5);                                               // pixels 210..290
         addRectangle(3, 6, -5, 10, 5).IDLabel = streets.GetLabelIndex("Plaza");         // pixels 320..400
         viewer.Redraw();
-        tip.initialize(viewer, timer, box, label);
         tip.SetLayer(kStreets, "NOMBRE");
     }
 
@@ -63,11 +64,11 @@ protected:
 
     ScriptedUiServices ui;
     Viewer viewer;
-    layer& streets = viewer.Layers().AddLayer("Calles", kStreets, polygonlayer, viewer);
+    layer& streets = viewer.Layers().AddLayer("Calles", kStreets, polygonlayer, viewer.viewport());
     QTimer timer;
     QWidget box{&viewer};
     QLabel label{&box};
-    CToolTip tip;
+    CToolTip tip{viewer, viewer.viewport(), viewer.Layers(), timer, box, label};
 };
 
 TEST_F(ToolTipTest, TheLabelShowsOnceTwoSamplesAgree)

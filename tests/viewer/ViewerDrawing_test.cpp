@@ -2,7 +2,9 @@
 // (-10, -5) to (10, 5), 20 pixels per degree, (0, 0) at pixel (200, 100).
 
 #include "ScriptedUiServices.h"
+#include "Layers.h"
 #include "Viewer.h"
+#include "Viewport.h"
 
 #include <QSignalSpy>
 
@@ -32,7 +34,7 @@ protected:
 
     layer& addLayer(std::int32_t id, TipoLayer kind, std::int32_t color)
     {
-        layer& added = viewer.Layers().AddLayer("layer", id, kind, viewer);
+        layer& added = viewer.Layers().AddLayer("layer", id, kind, viewer.viewport());
         added.AccessLevel = ALViewer;
         added.setUserVisibility(2);
         added.ThematicMap().Add(0, 1, color, color, 0, "MICanyMIC", "");

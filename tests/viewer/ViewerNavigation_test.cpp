@@ -2,7 +2,9 @@
 // (10, 5): 20 pixels per degree, the centre at pixel (200, 100).
 
 #include "ScriptedUiServices.h"
+#include "Layers.h"
 #include "Viewer.h"
+#include "Viewport.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -56,11 +58,11 @@ TEST_F(ViewerNavigation, AZoomWindowDragZoomsToItsRectangle)
 {
     QSignalSpy up(&viewer, &Viewer::MouseUp);
     viewer.ZoomWindow();
-    EXPECT_EQ(viewer.currentTool(), Viewer::ZoomWindowToolNumber);
+    EXPECT_EQ(viewer.currentTool(), 1);
     drag({200, 100}, {300, 150}); // (0, 0) to (5, -2.5)
     expectView(0, -2.5, 5, 0);
     EXPECT_EQ(up.size(), 1);
-    EXPECT_EQ(viewer.currentTool(), Viewer::NoToolNumber);
+    EXPECT_EQ(viewer.currentTool(), 0);
 }
 
 TEST_F(ViewerNavigation, AZoomWindowWithoutWidthChangesNothing)
@@ -79,20 +81,20 @@ TEST_F(ViewerNavigation, APanDragMovesTheMapWithTheMouse)
     drag({200, 100}, {240, 80}); // the map follows: 2 degrees east, 1 north
     expectView(-12, -6, 8, 4);
     EXPECT_TRUE(up.isEmpty());
-    EXPECT_EQ(viewer.currentTool(), Viewer::NoToolNumber);
+    EXPECT_EQ(viewer.currentTool(), 0);
 }
 
 TEST_F(ViewerNavigation, ZoomFactorZoomsAboutTheClickedPoint)
 {
     for (const float ignored : {1.0f, 0.0f, -2.0f}) {
         viewer.ZoomFactor(ignored);
-        EXPECT_EQ(viewer.currentTool(), Viewer::NoToolNumber);
+        EXPECT_EQ(viewer.currentTool(), 0);
     }
     viewer.ZoomFactor(4);
-    EXPECT_EQ(viewer.currentTool(), Viewer::ZoomFactorToolNumber);
+    EXPECT_EQ(viewer.currentTool(), 2);
     QTest::mouseClick(&viewer, Qt::LeftButton, Qt::NoModifier, {300, 100}); // (5, 0)
     expectView(2.5, -1.25, 7.5, 1.25);
-    EXPECT_EQ(viewer.currentTool(), Viewer::NoToolNumber);
+    EXPECT_EQ(viewer.currentTool(), 0);
 }
 
 TEST_F(ViewerNavigation, TheWheelKeepsThePointUnderTheCursor)
@@ -116,7 +118,7 @@ TEST_F(ViewerNavigation, EscapeDropsTheArmedTool)
 {
     viewer.Pan();
     QTest::keyClick(&viewer, Qt::Key_Escape);
-    EXPECT_EQ(viewer.currentTool(), Viewer::NoToolNumber);
+    EXPECT_EQ(viewer.currentTool(), 0);
 }
 
 TEST_F(ViewerNavigation, MovesReportTheGeographicPosition)
@@ -130,7 +132,7 @@ TEST_F(ViewerNavigation, MovesReportTheGeographicPosition)
 
 TEST_F(ViewerNavigation, ZoomToSelectedShowsAPointWithItsSurroundings)
 {
-    layer& places = viewer.Layers().AddLayer("Lugares", 9, pointlayer, viewer);
+    layer& places = viewer.Layers().AddLayer("Lugares", 9, pointlayer, viewer.viewport());
     places.Entidades.AddEntity(4, std::vector<Vertex>{{-70.5, -33.4}}, places);
     places.Entidades.AddEntity(5, std::vector<Vertex>{{-70.4, -33.2}}, places);
 
@@ -145,23 +147,21 @@ TEST_F(ViewerNavigation, ZoomToSelectedShowsAPointWithItsSurroundings)
 
 TEST_F(ViewerNavigation, ALayerWithoutCellSizeDoesNotStopTheView)
 {
-    layer& broken = viewer.Layers().AddLayer("Sin grilla", 3, polygonlayer, viewer);
+    layer& broken = viewer.Layers().AddLayer("Sin grilla", 3, polygonlayer, viewer.viewport());
     broken.AccessLevel = ALViewer;
     broken.setUserVisibility(2);
     viewer.SetView(-1, -1, 1, 1);
     expectView(-2, -1, 2, 1);
 }
 
-TEST_F(ViewerNavigation, NavigationWaitsWhileBusy)
+// Shift and the right button free a control whose load never finished:
+// the tool is dropped and no drag starts.
+TEST_F(ViewerNavigation, ShiftAndTheRightButtonDropTheTool)
 {
-    viewer.busy = true;
-    viewer.ZoomIn();
-    viewer.Pan();
-    expectView(-10, -5, 10, 5);
-    EXPECT_EQ(viewer.currentTool(), Viewer::NoToolNumber);
-    // Shift and the right button free a control whose load never finished.
+    viewer.ZoomFactor(4);
     QTest::mouseClick(&viewer, Qt::RightButton, Qt::ShiftModifier, {10, 10});
-    EXPECT_FALSE(viewer.busy);
+    EXPECT_EQ(viewer.currentTool(), 0);
+    expectView(-10, -5, 10, 5);
 }
 
 } // namespace

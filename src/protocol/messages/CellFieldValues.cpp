@@ -2,6 +2,8 @@
 
 #include "MessageIO.h"
 
+#include <utility>
+
 namespace orbelan::messages {
 
 void CellFieldValues::encode(DWBUffer& message) const
@@ -22,17 +24,30 @@ void CellFieldValues::encode(DWBUffer& message) const
 CellFieldValues CellFieldValues::decode(DWBUffer& message)
 {
     CellFieldValues reply;
+    std::vector<Reference> references;
+    std::vector<std::string> values;
+    decodeEach(
+        message, reply, [&references](const Reference& reference) { references.push_back(reference); },
+        [&values](std::string&& value) { values.push_back(std::move(value)); });
+    reply.references = std::move(references);
+    reply.values = std::move(values);
+    return reply;
+}
+
+void CellFieldValues::decodeEach(DWBUffer& message, CellFieldValues& reply,
+                                 const std::function<void(const Reference&)>& onReference,
+                                 const std::function<void(std::string&&)>& onValue)
+{
     reply.layer = message.GetLong();
     reply.field = message.GetString();
-    reply.references = readRecords<Reference>(message, message.GetLong(), 8, [](DWBUffer& m) {
+    const auto readReference = [](DWBUffer& m) {
         Reference reference;
         reference.element = m.GetLong();
         reference.value = m.GetLong();
         return reference;
-    });
-    reply.values = readRecords<std::string>(message, message.GetLong(), 2,
-                                            [](DWBUffer& m) { return m.GetString(); });
-    return reply;
+    };
+    forEachRecord(message, message.GetLong(), readReference, onReference);
+    forEachRecord(message, message.GetLong(), [](DWBUffer& m) { return m.GetString(); }, onValue);
 }
 
 } // namespace orbelan::messages

@@ -4,6 +4,7 @@
 #include "DWBUffer.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -27,6 +28,13 @@ struct CellFieldValues {
 
     void encode(DWBUffer& message) const;
     static CellFieldValues decode(DWBUffer& message);
+    // Reads the layer and field into reply, then hands each reference and
+    // each value to its callback as soon as it is read (the lists in reply
+    // stay as they were). A message cut short has handed out everything
+    // before the cut.
+    static void decodeEach(DWBUffer& message, CellFieldValues& reply,
+                           const std::function<void(const Reference&)>& onReference,
+                           const std::function<void(std::string&&)>& onValue);
     bool operator==(const CellFieldValues&) const = default;
 };
 

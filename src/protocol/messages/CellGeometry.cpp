@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 
 namespace orbelan::messages {
 
@@ -74,16 +75,24 @@ void CellGeometry::encode(DWBUffer& message) const
 CellGeometry CellGeometry::decode(DWBUffer& message)
 {
     CellGeometry reply;
+    std::vector<CellElement> elements;
+    decodeEach(message, reply, [&elements](CellElement&& element) { elements.push_back(std::move(element)); });
+    reply.elements = std::move(elements);
+    return reply;
+}
+
+void CellGeometry::decodeEach(DWBUffer& message, CellGeometry& reply,
+                              const std::function<void(CellElement&&)>& onElement)
+{
     reply.layer = message.GetLong();
     reply.row = message.GetLong();
     reply.column = message.GetLong();
     reply.relative = message.GetByte() != 0;
     reply.base.x = message.GetDouble();
     reply.base.y = message.GetDouble();
-    reply.elements = readRecords<CellElement>(
-        message, message.GetLong(), CellElement::kMinimumSize,
-        [&reply](DWBUffer& m) { return CellElement::decode(m, reply.relative, reply.base); });
-    return reply;
+    forEachRecord(
+        message, message.GetLong(),
+        [&reply](DWBUffer& m) { return CellElement::decode(m, reply.relative, reply.base); }, onElement);
 }
 
 } // namespace orbelan::messages

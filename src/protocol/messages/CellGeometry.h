@@ -5,6 +5,7 @@
 #include "DWBUffer.h"
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace orbelan::messages {
@@ -31,6 +32,11 @@ struct CellGeometry {
 
     void encode(DWBUffer& message) const;
     static CellGeometry decode(DWBUffer& message);
+    // Reads the cell's own fields into reply, then hands each element to
+    // onElement as soon as it is whole (reply.elements stays as it was). A
+    // message cut short has handed out the elements before the cut.
+    static void decodeEach(DWBUffer& message, CellGeometry& reply,
+                           const std::function<void(CellElement&&)>& onElement);
     bool operator==(const CellGeometry&) const = default;
 
 private:

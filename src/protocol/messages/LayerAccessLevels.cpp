@@ -16,13 +16,19 @@ void LayerAccessLevels::encode(DWBUffer& message) const
 LayerAccessLevels LayerAccessLevels::decode(DWBUffer& message)
 {
     LayerAccessLevels reply;
-    reply.levels = readRecords<Entry>(message, message.GetInteger(), 6, [](DWBUffer& m) {
+    decodeEach(message, [&reply](const Entry& entry) { reply.levels.push_back(entry); });
+    return reply;
+}
+
+void LayerAccessLevels::decodeEach(DWBUffer& message, const std::function<void(const Entry&)>& onEntry)
+{
+    const auto readEntry = [](DWBUffer& m) {
         Entry entry;
         entry.layer = m.GetLong();
         entry.level = m.GetInteger();
         return entry;
-    });
-    return reply;
+    };
+    forEachRecord(message, message.GetInteger(), readEntry, onEntry);
 }
 
 } // namespace orbelan::messages

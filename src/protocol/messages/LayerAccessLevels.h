@@ -4,6 +4,7 @@
 #include "DWBUffer.h"
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace orbelan::messages {
@@ -22,6 +23,9 @@ struct LayerAccessLevels {
 
     void encode(DWBUffer& message) const;
     static LayerAccessLevels decode(DWBUffer& message);
+    // Hands each entry to onEntry as soon as it is read; a message cut short
+    // has handed out the entries before the cut.
+    static void decodeEach(DWBUffer& message, const std::function<void(const Entry&)>& onEntry);
     bool operator==(const LayerAccessLevels&) const = default;
 };
 

@@ -5,6 +5,7 @@
 #include "LayerRecord.h"
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -24,8 +25,17 @@ struct MapDefinition {
     std::int16_t projection = 0;
     std::vector<LayerRecord> layers;
 
+    // The map's own fields, in the order they travel.
+    enum class Field { Name, MinX, MinY, MaxX, MaxY, Background, Projection };
+
     void encode(DWBUffer& message) const;
     static MapDefinition decode(DWBUffer& message);
+    // Reads the message in order: the map's own fields into map, calling
+    // afterField as each one is stored, then each layer record, handed to
+    // onLayer as soon as it is whole (map.layers stays as it was). A message
+    // cut short has handed out everything before the cut.
+    static void decodeEach(DWBUffer& message, MapDefinition& map, const std::function<void(Field)>& afterField,
+                           const std::function<void(LayerRecord&&)>& onLayer);
     bool operator==(const MapDefinition&) const = default;
 };
 

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace orbelan::messages {
@@ -40,18 +41,26 @@ std::size_t recordCount(std::int32_t count);
 // truncated message may overstate.
 std::size_t reservableRecords(const DWBUffer& message, std::size_t count, std::size_t minimumSize);
 
-// Reads count records with readOne; reading stops with WireReadError at the
-// first record that is not all there.
+// Reads count records with readOne and hands each to onRecord as soon as it
+// is whole; reading stops with WireReadError at the first record that is not
+// all there, after the records before it were handed out.
+template <typename ReadOne, typename OnRecord>
+void forEachRecord(DWBUffer& message, std::int32_t count, ReadOne readOne, OnRecord onRecord)
+{
+    const std::size_t wanted = recordCount(count);
+    for (std::size_t i = 0; i < wanted; ++i) {
+        onRecord(readOne(message));
+    }
+}
+
+// Reads count records with readOne into a vector.
 template <typename Record, typename ReadOne>
 std::vector<Record> readRecords(DWBUffer& message, std::int32_t count, std::size_t minimumSize,
                                 ReadOne readOne)
 {
-    const std::size_t wanted = recordCount(count);
     std::vector<Record> records;
-    records.reserve(reservableRecords(message, wanted, minimumSize));
-    for (std::size_t i = 0; i < wanted; ++i) {
-        records.push_back(readOne(message));
-    }
+    records.reserve(reservableRecords(message, recordCount(count), minimumSize));
+    forEachRecord(message, count, readOne, [&records](Record record) { records.push_back(std::move(record)); });
     return records;
 }
 

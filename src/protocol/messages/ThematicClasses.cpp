@@ -2,6 +2,8 @@
 
 #include "MessageIO.h"
 
+#include <utility>
+
 namespace orbelan::messages {
 
 void ThematicClasses::encode(DWBUffer& message) const
@@ -16,11 +18,17 @@ void ThematicClasses::encode(DWBUffer& message) const
 ThematicClasses ThematicClasses::decode(DWBUffer& message)
 {
     ThematicClasses reply;
-    reply.layer = message.GetLong();
-    reply.classes = readRecords<ThematicClassRecord>(message, message.GetInteger(),
-                                                     ThematicClassRecord::kMinimumSize,
-                                                     ThematicClassRecord::decode);
+    std::vector<ThematicClassRecord> classes;
+    decodeEach(message, reply, [&classes](ThematicClassRecord&& record) { classes.push_back(std::move(record)); });
+    reply.classes = std::move(classes);
     return reply;
+}
+
+void ThematicClasses::decodeEach(DWBUffer& message, ThematicClasses& reply,
+                                 const std::function<void(ThematicClassRecord&&)>& onClass)
+{
+    reply.layer = message.GetLong();
+    forEachRecord(message, message.GetInteger(), ThematicClassRecord::decode, onClass);
 }
 
 } // namespace orbelan::messages

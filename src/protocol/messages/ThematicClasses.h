@@ -5,6 +5,7 @@
 #include "ThematicClassRecord.h"
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 namespace orbelan::messages {
@@ -18,6 +19,11 @@ struct ThematicClasses {
 
     void encode(DWBUffer& message) const;
     static ThematicClasses decode(DWBUffer& message);
+    // Reads the layer into reply, then hands each class to onClass as soon
+    // as it is whole (reply.classes stays as it was). A message cut short
+    // has handed out the classes before the cut.
+    static void decodeEach(DWBUffer& message, ThematicClasses& reply,
+                           const std::function<void(ThematicClassRecord&&)>& onClass);
     bool operator==(const ThematicClasses&) const = default;
 };
 

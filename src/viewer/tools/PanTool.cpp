@@ -1,7 +1,7 @@
 #include "PanTool.h"
 
+#include "MapToolHost.h"
 #include "ToolCursors.h"
-#include "Viewer.h"
 
 namespace orbelan {
 
@@ -12,24 +12,21 @@ QCursor PanTool::cursor() const
 
 void PanTool::move(const MapMouseEvent& event)
 {
-    viewer().setPanOffset((event.pixel - viewer().pressedPixel()).toPoint());
+    host().setPanOffset((event.pixel - pressed_.pixel).toPoint());
 }
 
 // Shifts the view box by the geographic distance between press and release.
 bool PanTool::release(const MapMouseEvent& event)
 {
-    viewer().setPanOffset({});
-    const GeographicDrag drag = dragEndingAt(event);
-    const bool moved = drag.known && (drag.pressedLon != drag.releasedLon || drag.pressedLat != drag.releasedLat);
-    viewer().finishNavigation(Viewer::PanToolNumber, moved);
-    if (!moved) {
-        viewer().Redraw();
-        return false;
+    host().setPanOffset({});
+    BoundingBox moved;
+    const bool completed = host().viewport().movedViewBox(pressed_.map, event.map, moved);
+    host().finishNavigation(kNumber, completed);
+    if (completed) {
+        host().setView(moved);
+    } else {
+        host().redraw();
     }
-    const BoundingBox& box = viewer().viewport().viewBox();
-    const double dx = drag.pressedLon - drag.releasedLon;
-    const double dy = drag.pressedLat - drag.releasedLat;
-    viewer().SetView(box.MinX + dx, box.MinY + dy, box.MaxX + dx, box.MaxY + dy);
     return false;
 }
 

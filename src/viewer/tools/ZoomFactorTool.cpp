@@ -1,19 +1,19 @@
 #include "ZoomFactorTool.h"
 
+#include "MapToolHost.h"
 #include "ToolCursors.h"
-#include "Viewer.h"
 
 namespace orbelan {
 
 QCursor ZoomFactorTool::cursor() const
 {
-    return toolcursors::cursor(viewer().zoomFactor() > 1 ? toolcursors::ZoomIn : toolcursors::ZoomOut);
+    return toolcursors::cursor(factor_ > 1 ? toolcursors::ZoomIn : toolcursors::ZoomOut);
 }
 
 void ZoomFactorTool::click(const MapMouseEvent& event)
 {
-    viewer().finishNavigation(Viewer::ZoomFactorToolNumber, false);
-    viewer().zoomAbout(viewer().zoomFactor(), event.map);
+    host().finishNavigation(kNumber, false);
+    host().zoomAbout(factor_, event.map);
 }
 
 } // namespace orbelan

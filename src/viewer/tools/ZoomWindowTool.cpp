@@ -1,7 +1,7 @@
 #include "ZoomWindowTool.h"
 
+#include "MapToolHost.h"
 #include "ToolCursors.h"
-#include "Viewer.h"
 
 namespace orbelan {
 
@@ -12,22 +12,22 @@ QCursor ZoomWindowTool::cursor() const
 
 void ZoomWindowTool::move(const MapMouseEvent& event)
 {
-    viewer().showRubberBand(QRectF(viewer().pressedPixel(), event.pixel).normalized().toRect());
+    host().showRubberBand(QRectF(pressed_.pixel, event.pixel).normalized().toRect());
 }
 
 // Zooms only to a window with both a width and a height; a click without a
 // drag just redraws.
 bool ZoomWindowTool::release(const MapMouseEvent& event)
 {
-    viewer().hideRubberBand();
-    const GeographicDrag drag = dragEndingAt(event);
-    const bool window = drag.known && drag.pressedLon != drag.releasedLon && drag.pressedLat != drag.releasedLat;
-    viewer().finishNavigation(Viewer::ZoomWindowToolNumber, window);
-    if (!window) {
-        viewer().Redraw();
+    host().hideRubberBand();
+    BoundingBox window;
+    const bool completed = host().viewport().geographicWindow(pressed_.map, event.map, window);
+    host().finishNavigation(kNumber, completed);
+    if (!completed) {
+        host().redraw();
         return false;
     }
-    viewer().SetView(drag.pressedLon, drag.pressedLat, drag.releasedLon, drag.releasedLat);
+    host().setView(window);
     return true;
 }
 

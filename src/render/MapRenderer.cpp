@@ -1,0 +1,50 @@
+#include "MapRenderer.h"
+
+#include "MapDocument.h"
+#include "OleColor.h"
+#include "QtMapCanvas.h"
+#include "Viewport.h"
+
+#include <QImage>
+
+namespace orbelan {
+
+MapRenderer::MapRenderer(const QPalette& palette, const QFont& font, int dotsPerInch)
+    : palette_(palette),
+      font_(font),
+      dotsPerInch_(dotsPerInch)
+{
+}
+
+void MapRenderer::setTextMetrics(const QFont& font, int dotsPerInch)
+{
+    font_ = font;
+    dotsPerInch_ = dotsPerInch;
+}
+
+void MapRenderer::render(QImage& picture, const Viewport& view, MapDocument& document,
+                         std::optional<std::int32_t> onlyLayer) const
+{
+    picture.fill(olecolor::toQColor(document.BackgroundColor, palette_));
+    if (!view.viewReady() || picture.isNull()) {
+        return;
+    }
+    QtMapCanvas canvas(picture, view, palette_);
+    canvas.setTextMetrics(font_, dotsPerInch_);
+    const BoundingBox& box = view.viewBox();
+    for (layer& mapLayer : document.Layers()) {
+        if (!onlyLayer || mapLayer.IDLayer == *onlyLayer) {
+            mapLayer.Redraw(box, canvas);
+        } else {
+            mapLayer.RedrawWOCalc(box, canvas);
+        }
+    }
+    for (layer& mapLayer : document.Layers()) {
+        mapLayer.DrawLabels(box, canvas);
+    }
+    for (layer& mapLayer : document.Layers()) {
+        mapLayer.DrawDirections(box, canvas);
+    }
+}
+
+} // namespace orbelan

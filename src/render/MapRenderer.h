@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QFont>
+#include <QPalette>
+
+#include <cstdint>
+#include <optional>
+
+class QImage;
+
+namespace orbelan {
+
+class MapDocument;
+class Viewport;
+
+// Draws a map for a view into a picture, with no widget involved: the
+// picture is cleared with the map's background colour, then every layer's
+// geometry is drawn in collection order, each over the ones before, then the
+// labels of all layers over all geometry, then the direction marks over all
+// labels.
+//
+// The view must be the one the document's layers belong to: they decide
+// whether they show by its height and scale.
+class MapRenderer {
+public:
+    // System colours (0x80000000 + n) are looked up in the palette; label
+    // sizes are measured in the font at the given dots per inch.
+    MapRenderer(const QPalette& palette, const QFont& font, int dotsPerInch);
+
+    void setPalette(const QPalette& palette) { palette_ = palette; }
+    void setTextMetrics(const QFont& font, int dotsPerInch);
+
+    // With onlyLayer, that layer is drawn anew and the others as they were
+    // drawn last (their drawn elements are not looked up again).
+    void render(QImage& picture, const Viewport& view, MapDocument& document,
+                std::optional<std::int32_t> onlyLayer = std::nullopt) const;
+
+private:
+    QPalette palette_;
+    QFont font_;
+    int dotsPerInch_;
+};
+
+} // namespace orbelan

@@ -1,0 +1,55 @@
+#include "CellGeometryLoader.h"
+
+#include "CellGeometry.h"
+#include "CellRequester.h"
+#include "LoadContext.h"
+#include "MapDocument.h"
+#include "SessionEvents.h"
+#include "StatusList.h"
+#include "Vertex.h"
+
+#include <QString>
+
+#include <optional>
+#include <vector>
+
+namespace orbelan {
+
+// Elements are added one by one, so that a cell cut short keeps those read
+// before the cut. A cell of a layer the map does not have is dropped.
+void loadCellGeometry(DWBUffer& message, LoadContext& context)
+{
+    messages::CellGeometry cell;
+    std::optional<layer*> cellLayer;
+    const auto layerOfCell = [&]() {
+        if (!cellLayer) {
+            cellLayer = context.document.Layers().Find(cell.layer);
+        }
+        return *cellLayer;
+    };
+    std::vector<Vertex> vertices;
+    messages::CellGeometry::decodeEach(message, cell, [&](messages::CellElement&& element) {
+        layer* mapLayer = layerOfCell();
+        if (mapLayer == nullptr) {
+            return;
+        }
+        vertices.resize(element.points.size());
+        for (std::size_t p = 0; p < element.points.size(); ++p) {
+            vertices[p] = {element.points[p].x, element.points[p].y};
+        }
+        mapLayer->Entidades.AddEntity(element.id, vertices, *mapLayer);
+    });
+    layer* mapLayer = layerOfCell();
+    if (mapLayer == nullptr) {
+        return;
+    }
+    context.events.changeStatus(cell.layer, StatusList::LoadingLayer, QString::fromStdString(mapLayer->Nombre));
+    context.document.layerscargados = true;
+    mapLayer->Loaded = true;
+    context.events.changeStatus(cell.layer, StatusList::Remove + StatusList::LoadingLayer);
+    if (!mapLayer->ThematicField.empty()) {
+        context.cells.requestFieldValues(*mapLayer, {cell.row, cell.column}, mapLayer->ThematicField);
+    }
+}
+
+} // namespace orbelan

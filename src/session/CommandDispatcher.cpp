@@ -1,0 +1,84 @@
+#include "CommandDispatcher.h"
+
+#include "AccessLoader.h"
+#include "CellFieldValuesLoader.h"
+#include "CellGeometryLoader.h"
+#include "LayerDefinitionLoader.h"
+#include "MapDefinitionLoader.h"
+#include "MessageIO.h"
+#include "RequestSender.h"
+#include "SessionEvents.h"
+#include "UiServices.h"
+#include "WireReadError.h"
+
+#include <algorithm>
+#include <array>
+#include <exception>
+#include <string>
+
+namespace orbelan {
+
+namespace {
+
+struct Route {
+    CommandCode code;
+    // nullptr: the message is accepted and nothing is done with it.
+    CommandHandler handler;
+};
+
+using enum CommandCode;
+
+constexpr std::array kRoutes = {
+    Route{MapDefinition, loadMapDefinition},
+    Route{CellGeometry, loadCellGeometry},
+    Route{CellFieldValues, loadCellFieldValues},
+    Route{FieldDefinition, loadFieldDefinition},
+    Route{NoAction107, nullptr},
+    Route{NoAction108, nullptr},
+    Route{ThematicClasses, loadThematicClasses},
+    Route{AccessAnswer, loadAccessAnswer},
+    Route{LayerAccessLevels, loadLayerAccessLevels},
+};
+
+const Route* routeOf(CommandCode code)
+{
+    const auto found =
+        std::find_if(kRoutes.begin(), kRoutes.end(), [code](const Route& route) { return route.code == code; });
+    return found == kRoutes.end() ? nullptr : &*found;
+}
+
+} // namespace
+
+void CommandDispatcher::operator()(DWBUffer& message)
+{
+    const CommandCode code = messages::readHeader(message);
+    const Route* route = routeOf(code);
+    if (route == nullptr) {
+        notUnderstood();
+        return;
+    }
+    if (route->handler == nullptr) {
+        return;
+    }
+    if (isCounted(code)) {
+        context_.requests.replyHandled();
+    }
+    try {
+        route->handler(message, context_);
+    } catch (const WireReadError&) {
+        throw;
+    } catch (const std::exception& refused) {
+        // The map would not take a value (a key given twice, a count past
+        // what it can hold): the rest of the message goes as if it were cut.
+        throw WireReadError(message.readPosition(), 0, codeNumber(code),
+                            std::string("the map refused a value: ") + refused.what());
+    }
+}
+
+void CommandDispatcher::notUnderstood() const
+{
+    context_.ui.messageBox(context_.events.dialogParent(), QStringLiteral("No se entiende el comando\r\nError!"),
+                           MessageButtons::OK, MessageIcon::None, QStringLiteral("Proyecto Pelmarito"));
+}
+
+} // namespace orbelan

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+
+#include <QString>
+
+class QWidget;
+
+namespace orbelan {
+
+// What the session asks of the control that shows its map: a loader or the
+// cell requester never sees the widget, only this.
+class SessionEvents {
+public:
+    virtual ~SessionEvents() = default;
+
+    // Draws the map anew with what has arrived.
+    virtual void redrawMap() = 0;
+    // Shows the whole map (the first view once the access levels are known).
+    virtual void zoomToExtents() = 0;
+    // One change of the status list: a step of a layer started or ended.
+    virtual void changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName = {}) = 0;
+    // The map definition has been read whole: hosts hear MapLoaded.
+    virtual void mapLoaded() = 0;
+    // The window message boxes belong to.
+    virtual QWidget* dialogParent() = 0;
+};
+
+} // namespace orbelan

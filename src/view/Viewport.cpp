@@ -1,0 +1,235 @@
+#include "Viewport.h"
+
+#include "ProjectionFactory.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace orbelan {
+
+namespace {
+
+constexpr double kMetresPerKilometre = 1000;
+
+} // namespace
+
+Viewport::Viewport() = default;
+
+float Viewport::WorldToScreenX(double x) const
+{
+    return static_cast<float>((x - centre_.x) * scale_ + width_ / 2.0);
+}
+
+float Viewport::WorldToScreenY(double y) const
+{
+    return static_cast<float>((centre_.y - y) * scale_ + height_ / 2.0);
+}
+
+double Viewport::ScreenToWorldX(float px) const
+{
+    return scale_ == 0 ? kNoView : (px - width_ / 2.0) / scale_ + centre_.x;
+}
+
+double Viewport::ScreenToWorldY(float py) const
+{
+    return scale_ == 0 ? kNoView : centre_.y - (py - height_ / 2.0) / scale_;
+}
+
+MapPoint Viewport::toMap(double px, double py) const
+{
+    return {ScreenToWorldX(static_cast<float>(px)), ScreenToWorldY(static_cast<float>(py))};
+}
+
+double Viewport::ClampValue(double value, double low, double high)
+{
+    return std::clamp(value, low, high);
+}
+
+bool Viewport::SetView(double x1, double y1, double x2, double y2)
+{
+    if (std::isnan(x1) || std::isnan(y1) || std::isnan(x2) || std::isnan(y2)) {
+        return false;
+    }
+    x1 = ClampValue(x1, -180, 180);
+    x2 = ClampValue(x2, -180, 180);
+    y1 = ClampValue(y1, -90, 90);
+    y2 = ClampValue(y2, -90, 90);
+    const double west = std::min(x1, x2);
+    const double east = std::max(x1, x2);
+    const double south = std::min(y1, y2);
+    const double north = std::max(y1, y2);
+
+    InitProjection(projection_, projectionCode_, west, south, east, north);
+    if (!projection_ || !fitProjectedBox(west, south, east, north)) {
+        return false;
+    }
+    viewReady_ = true;
+    recomputeViewBox();
+    return true;
+}
+
+// Centres the view on the box and picks the scale at which all of it fits.
+bool Viewport::fitProjectedBox(double west, double south, double east, double north)
+{
+    MapPoint centre = centre_;
+    if (!project(west + (east - west) / 2, south + (north - south) / 2, centre)) {
+        return false;
+    }
+    std::array<MapPoint, 4> corners{};
+    const std::array<MapPoint, 4> geographic = {{{west, south}, {west, north}, {east, north}, {east, south}}};
+    BoundingBox projected;
+    for (std::size_t i = 0; i < corners.size(); ++i) {
+        if (!project(geographic[i].x, geographic[i].y, corners[i])) {
+            return false;
+        }
+        projected.Union(corners[i].x, corners[i].y, corners[i].x, corners[i].y);
+    }
+    const double scale = std::min(width_ / (projected.MaxX - projected.MinX),
+                                  height_ / (projected.MaxY - projected.MinY));
+    // A box that is a point on the screen, or a control without size, has no scale.
+    if (!std::isfinite(scale) || scale <= 0) {
+        return false;
+    }
+    centre_ = centre;
+    corners_ = corners;
+    projectedViewBox_ = projected;
+    scale_ = static_cast<float>(scale);
+    return true;
+}
+
+// The visible box from the screen's corners and the middles of its top and
+// bottom edges, which catch the bulge of curved parallels.
+void Viewport::recomputeViewBox()
+{
+    const float w = static_cast<float>(width_);
+    const float h = static_cast<float>(height_);
+    const std::array<std::array<float, 2>, 6> pixels = {{{0, 0}, {0, h}, {w, 0}, {w, h}, {w / 2, h}, {w / 2, 0}}};
+    BoundingBox box;
+    for (const auto& [px, py] : pixels) {
+        double lon = 0;
+        double lat = 0;
+        if (screenToGeographic(px, py, lon, lat)) {
+            box.Union(lon, lat, lon, lat);
+        }
+    }
+    viewBox_ = box;
+}
+
+bool Viewport::zoomBox(float factor, MapPoint about, BoundingBox& box) const
+{
+    double lon = 0;
+    double lat = 0;
+    if (!viewReady_ || factor <= 0 || !unproject(about, lon, lat)) {
+        return false;
+    }
+    const double halfWidth = std::abs(viewBox_.MaxX - viewBox_.MinX) / factor / 2;
+    const double halfHeight = std::abs(viewBox_.MaxY - viewBox_.MinY) / factor / 2;
+    box = BoundingBox{};
+    box.Union(lon - halfWidth, lat - halfHeight, lon + halfWidth, lat + halfHeight);
+    return true;
+}
+
+// The new centre lies between the anchor and the old centre, so that the
+// anchor's map point keeps its pixel at the new scale.
+bool Viewport::zoomBoxAboutPixel(float factor, double px, double py, BoundingBox& box) const
+{
+    const MapPoint under = toMap(px, py);
+    return zoomBox(factor, {under.x + (centre_.x - under.x) / factor, under.y + (centre_.y - under.y) / factor},
+                   box);
+}
+
+BoundingBox Viewport::shiftedViewBox(double eastShare, double northShare) const
+{
+    return viewBoxMovedBy((viewBox_.MaxX - viewBox_.MinX) * eastShare, (viewBox_.MaxY - viewBox_.MinY) * northShare);
+}
+
+BoundingBox Viewport::viewBoxMovedBy(double dx, double dy) const
+{
+    BoundingBox box;
+    box.MinX = viewBox_.MinX + dx;
+    box.MinY = viewBox_.MinY + dy;
+    box.MaxX = viewBox_.MaxX + dx;
+    box.MaxY = viewBox_.MaxY + dy;
+    return box;
+}
+
+bool Viewport::unprojectBoth(MapPoint a, MapPoint b, MapPoint& geographicA, MapPoint& geographicB) const
+{
+    return unproject(a, geographicA.x, geographicA.y) && unproject(b, geographicB.x, geographicB.y);
+}
+
+bool Viewport::movedViewBox(MapPoint from, MapPoint to, BoundingBox& box) const
+{
+    MapPoint start;
+    MapPoint end;
+    if (!unprojectBoth(from, to, start, end) || (start.x == end.x && start.y == end.y)) {
+        return false;
+    }
+    box = viewBoxMovedBy(start.x - end.x, start.y - end.y);
+    return true;
+}
+
+// The corners stay as given: SetView orders them.
+bool Viewport::geographicWindow(MapPoint corner, MapPoint opposite, BoundingBox& box) const
+{
+    MapPoint first;
+    MapPoint second;
+    if (!unprojectBoth(corner, opposite, first, second) || first.x == second.x || first.y == second.y) {
+        return false;
+    }
+    box.MinX = first.x;
+    box.MinY = first.y;
+    box.MaxX = second.x;
+    box.MaxY = second.y;
+    return true;
+}
+
+void Viewport::setSize(int width, int height)
+{
+    width_ = std::max(width, 0);
+    height_ = std::max(height, 0);
+}
+
+bool Viewport::resize(int width, int height, BoundingBox& box)
+{
+    setSize(width, height);
+    double west = 0;
+    double south = 0;
+    double east = 0;
+    double north = 0;
+    if (scale_ == 0 || !screenToGeographic(0, static_cast<float>(height_), west, south) ||
+        !screenToGeographic(static_cast<float>(width_), 0, east, north)) {
+        return false;
+    }
+    box = BoundingBox{};
+    box.Union(west, south, east, north);
+    return true;
+}
+
+float Viewport::CurrentZoom() const
+{
+    const double middle = viewBox_.MinX + (viewBox_.MaxX - viewBox_.MinX) / 2;
+    MapPoint top;
+    MapPoint bottom;
+    if (!project(middle, viewBox_.MaxY, top) || !project(middle, viewBox_.MinY, bottom)) {
+        return 0;
+    }
+    return static_cast<float>(std::abs(top.y - bottom.y) / kMetresPerKilometre);
+}
+
+bool Viewport::project(double lon, double lat, MapPoint& point) const
+{
+    return projection_ && projection_->Project(lon, lat, point.x, point.y);
+}
+
+bool Viewport::unproject(MapPoint point, double& lon, double& lat) const
+{
+    return projection_ && projection_->Unproject(point.x, point.y, lon, lat);
+}
+
+bool Viewport::screenToGeographic(float px, float py, double& lon, double& lat) const
+{
+    return scale_ != 0 && unproject({ScreenToWorldX(px), ScreenToWorldY(py)}, lon, lat);
+}
+
+} // namespace orbelan

@@ -1,0 +1,115 @@
+#pragma once
+
+#include "BoundingBox.h"
+#include "CProjection.h"
+#include "ParentMap.h"
+
+#include <array>
+#include <memory>
+
+namespace orbelan {
+
+// A point in the map's projected plane, or a geographic (longitude, latitude) pair.
+struct MapPoint {
+    double x = 0;
+    double y = 0;
+};
+
+// Which piece of the map the control shows and how map coordinates become
+// pixels: the view centre and scale in the projected plane, the visible box
+// in geographic degrees, and the projection they go through. It holds no
+// widget, so every formula is checked without a window.
+//
+// Screen pixels have their origin at the top-left corner and grow downwards;
+// projected Y grows upwards. A view exists once SetView has fitted a box;
+// before that the scale is 0 and screen-to-map conversions give 1e37.
+//
+// The layers of a map ask their view for its height and scale, to decide
+// whether they show; the view has no raster images of its own.
+class Viewport : public ParentMap {
+public:
+    static constexpr double kNoView = 1e37;
+
+    Viewport();
+
+    // The map's projection code (0 latitude/longitude, 1 Albers, 40 to 160
+    // UTM); it takes effect at the next SetView.
+    int Projection() const { return projectionCode_; }
+    void setProjection(int code) { projectionCode_ = code; }
+
+    float WorldToScreenX(double x) const;
+    float WorldToScreenY(double y) const;
+    double ScreenToWorldX(float px) const;
+    double ScreenToWorldY(float py) const;
+    // The point of the projected plane under a pixel.
+    MapPoint toMap(double px, double py) const;
+    static double ClampValue(double value, double low, double high);
+
+    // Fits the geographic box (corners in any order, clamped to ±180/±90)
+    // into the control. False, with the view unchanged, when the map has no
+    // projection yet or the box has no extent on the screen at all.
+    bool SetView(double x1, double y1, double x2, double y2);
+
+    // The geographic box that zooming by factor about the projected point
+    // shows: the view box's size divided by factor, centred on the point.
+    bool zoomBox(float factor, MapPoint about, BoundingBox& box) const;
+    // The box that zooming by factor shows while the point under the pixel
+    // stays where it is on the screen.
+    bool zoomBoxAboutPixel(float factor, double px, double py, BoundingBox& box) const;
+    // The view box moved by the given shares of its width and height
+    // (east and north positive).
+    BoundingBox shiftedViewBox(double eastShare, double northShare) const;
+    // The view box moved so that the geographic position under the point
+    // `from` comes under `to`. False when either has no geographic position
+    // or the two are the same place.
+    bool movedViewBox(MapPoint from, MapPoint to, BoundingBox& box) const;
+    // The geographic box between two points of the plane. False when either
+    // has no geographic position or the box has no width or no height.
+    bool geographicWindow(MapPoint corner, MapPoint opposite, BoundingBox& box) const;
+    // The control's size in pixels; centre and scale stay.
+    void setSize(int width, int height);
+    // The new pixel size of the control. When a view exists, box receives
+    // the geographic box that keeps centre and scale, and the result is true.
+    bool resize(int width, int height, BoundingBox& box);
+    // Height of the view in kilometres (in degrees / 1000 for latitude/longitude).
+    float CurrentZoom() const;
+
+    bool project(double lon, double lat, MapPoint& point) const;
+    bool unproject(MapPoint point, double& lon, double& lat) const;
+    // The geographic position of a pixel; false when no view exists.
+    bool screenToGeographic(float px, float py, double& lon, double& lat) const;
+
+    bool viewReady() const { return viewReady_; }
+    MapPoint centre() const { return centre_; }
+    float scale() const { return scale_; }
+    int pixelWidth() const { return width_; }
+    int pixelHeight() const { return height_; }
+
+    std::int32_t Height() const override { return height_; }
+    float DrawScale() const override { return scale_; }
+    // Raster images come with their layers; until then no name has one.
+    std::int32_t ImageNumberOf(std::string_view) const override { return -1; }
+    const BoundingBox& viewBox() const { return viewBox_; }
+    const BoundingBox& projectedViewBox() const { return projectedViewBox_; }
+    const std::array<MapPoint, 4>& corners() const { return corners_; }
+
+private:
+    bool fitProjectedBox(double west, double south, double east, double north);
+    BoundingBox viewBoxMovedBy(double dx, double dy) const;
+    // The geographic positions of two points of the plane; false when either has none.
+    bool unprojectBoth(MapPoint a, MapPoint b, MapPoint& geographicA, MapPoint& geographicB) const;
+    void recomputeViewBox();
+
+    std::unique_ptr<CProjection> projection_;
+    int projectionCode_ = 0;
+    MapPoint centre_;
+    float scale_ = 0;
+    int width_ = 0;
+    int height_ = 0;
+    bool viewReady_ = false;
+    BoundingBox viewBox_;
+    BoundingBox projectedViewBox_;
+    std::array<MapPoint, 4> corners_{};
+};
+
+} // namespace orbelan

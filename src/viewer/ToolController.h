@@ -1,0 +1,72 @@
+#pragma once
+
+#include "MapMouseEvent.h"
+
+#include <QCursor>
+
+#include <map>
+#include <memory>
+
+namespace orbelan {
+
+class MapTool;
+class MapToolHost;
+class ZoomFactorTool;
+
+// The mouse tool machinery: which tool is current (the number hosts observe,
+// 0 for none), the tool it interrupted, whether a drag is under way, and the
+// dispatch of mouse and key input to the current tool.
+class ToolController {
+public:
+    static constexpr int kNoTool = 0;
+
+    explicit ToolController(MapToolHost& host);
+    ~ToolController();
+
+    ToolController(const ToolController&) = delete;
+    ToolController& operator=(const ToolController&) = delete;
+
+    int current() const { return current_; }
+    int previous() const { return previous_; }
+    // The current tool's object; null for no tool.
+    MapTool* tool() const;
+    // The pointer the current tool shows.
+    QCursor cursor() const;
+    ZoomFactorTool& zoomFactorTool() { return *zoomFactor_; }
+
+    // Makes a tool current; the one it interrupts is kept to resume it
+    // afterwards.
+    void arm(int number);
+    // See MapToolHost::finishNavigation.
+    void finishNavigation(int number, bool completed);
+    // No tool, no previous tool, no multi-step operation, no drag.
+    void reset();
+    // No tool, keeping the previous one (a control freed from a stuck load).
+    void drop();
+    void stopDragging() { dragging_ = false; }
+
+    void press(const MapMouseEvent& event);
+    void move(const MapMouseEvent& event);
+    // Ends a drag; true when hosts hear of it with MouseUp.
+    bool release(const MapMouseEvent& event);
+    // A release of the button that was pressed last: a left one is a click,
+    // handled by the tool that is current after the release. True for a
+    // left click.
+    bool click(const MapMouseEvent& event);
+    void doubleClick(const MapMouseEvent& event);
+    // True when the current tool used the key.
+    bool key(int keyCode, int shift);
+
+private:
+    void makeCurrent(int number);
+
+    std::map<int, std::unique_ptr<MapTool>> tools_;
+    ZoomFactorTool* zoomFactor_ = nullptr;
+    int current_ = kNoTool;
+    int previous_ = kNoTool;
+    bool multiStep_ = false;
+    bool dragging_ = false;
+    int pressedButton_ = 0;
+};
+
+} // namespace orbelan

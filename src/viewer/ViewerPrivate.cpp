@@ -1,0 +1,428 @@
+#include "ViewerPrivate.h"
+
+#include "ActivityShape.h"
+#include "CToolTip.h"
+#include "ElementBoundingBoxRequest.h"
+#include "InputCodes.h"
+#include "OleColor.h"
+#include "RequestSender.h"
+#include "Viewer.h"
+#include "WidgetUiServices.h"
+#include "ZoomFactorTool.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QRubberBand>
+#include <QTimer>
+
+namespace orbelan {
+
+namespace {
+
+constexpr int kCompanyLabelMargin = 10;
+constexpr int kIndicatorMargin = 4;
+constexpr int kRightButton = 2;
+constexpr int kShiftKey = 1;
+constexpr double kArrowPanShare = 0.25;
+
+// A box narrower than 0.002 degrees becomes its centre +- 0.001, so that a
+// single point shows with its surroundings.
+void widenToMinimum(double& low, double& high)
+{
+    constexpr double kMinimumSpan = 0.002;
+    if (high - low < kMinimumSpan) {
+        const double centre = low + (high - low) / 2;
+        low = centre - kMinimumSpan / 2;
+        high = centre + kMinimumSpan / 2;
+    }
+}
+
+} // namespace
+
+ViewerPrivate::ViewerPrivate(Viewer& viewer)
+    : backColor(olecolor::kButtonFace),
+      foreColor(olecolor::kButtonText),
+      viewer_(viewer),
+      ownUi_(std::make_unique<WidgetUiServices>()),
+      ui_(ownUi_.get()),
+      document_(viewport_),
+      session_(document_, viewport_, *ui_, *this),
+      renderer_(viewer.palette(), viewer.font(), viewer.logicalDpiY()),
+      tools_(*this)
+{
+    createSurface();
+    connectReceiveSide();
+}
+
+ViewerPrivate::~ViewerPrivate() = default;
+
+void ViewerPrivate::setUiServices(UiServices& services)
+{
+    ui_ = &services;
+    session_.setUiServices(services);
+}
+
+void ViewerPrivate::createSurface()
+{
+    readingData_ = new ActivityShape(&viewer_);
+    readingData_->hide();
+    statusLabel_ = new QLabel(&viewer_);
+    statusLabel_->setObjectName("lblstatus");
+    statusLabel_->move(kCompanyLabelMargin, kCompanyLabelMargin);
+    statusLabel_->hide();
+    companyLabel_ = new QLabel(QStringLiteral("Orbelan"), &viewer_);
+    companyLabel_->setObjectName("lblCompany");
+    rubberBand_ = new QRubberBand(QRubberBand::Rectangle, &viewer_);
+    rubberBand_->setObjectName("RubberBand");
+    toolTipTimer_ = new QTimer(&viewer_);
+    toolTipTimer_->setObjectName("tmrToolTip");
+    toolTipBox_ = new QWidget(&viewer_);
+    toolTipBox_->setObjectName("picToolTip");
+    // The box never takes the pointer's moves away from the map.
+    toolTipBox_->setAttribute(Qt::WA_TransparentForMouseEvents);
+    toolTipBox_->hide();
+    toolTipLabel_ = new QLabel(toolTipBox_);
+    toolTipLabel_->setObjectName("lblToolTip");
+}
+
+void ViewerPrivate::connectReceiveSide()
+{
+    ServerConnection& connection = session_.connection();
+    QObject::connect(&connection, &ServerConnection::dataArriving, readingData_, &QWidget::show);
+    QObject::connect(&connection, &ServerConnection::furtherChunk, readingData_, &ActivityShape::toggleColor);
+    QObject::connect(&connection, &ServerConnection::dispatching, &viewer_,
+                     [this] { viewer_.setCursor(Qt::BusyCursor); });
+    QObject::connect(&connection, &ServerConnection::receiveIdle, &viewer_, [this] {
+        viewer_.unsetCursor();
+        readingData_->hide();
+    });
+    QObject::connect(&connection, &ServerConnection::allRepliesIn, &viewer_, &Viewer::Redraw);
+}
+
+void ViewerPrivate::setToolTip(int layerId, const QString& field)
+{
+    if (!toolTip_) {
+        toolTip_ = std::make_unique<CToolTip>(viewer_, viewport_, document_.Layers(), *toolTipTimer_, *toolTipBox_,
+                                              *toolTipLabel_);
+        QObject::connect(toolTipTimer_, &QTimer::timeout, &viewer_, [this] { toolTip_->timer(); });
+    }
+    toolTip_->SetLayer(layerId, field);
+}
+
+void ViewerPrivate::changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName)
+{
+    session_.status().change(layerId, step, layerName);
+    // Laying out the label's text costs far more than a step: a map of many
+    // cells changes the list hundreds of times between two paints, so the
+    // label is brought up to date once, when the event loop comes round.
+    if (!statusRefreshPending_) {
+        statusRefreshPending_ = true;
+        QTimer::singleShot(0, &viewer_, [this] { refreshStatusLabel(); });
+    }
+}
+
+void ViewerPrivate::refreshStatusLabel()
+{
+    statusRefreshPending_ = false;
+    statusLabel_->setText(session_.status().text());
+    statusLabel_->adjustSize();
+}
+
+void ViewerPrivate::mapLoaded()
+{
+    emit viewer_.MapLoaded();
+}
+
+QWidget* ViewerPrivate::dialogParent()
+{
+    return &viewer_;
+}
+
+void ViewerPrivate::firstShow()
+{
+    redraw();
+    if (session_.open()) {
+        statusLabel_->show();
+    }
+}
+
+void ViewerPrivate::resized()
+{
+    placeCompanyLabel();
+    readingData_->move(viewer_.width() - readingData_->width() - kIndicatorMargin, kIndicatorMargin);
+    BoundingBox keepCentreAndScale;
+    if (viewport_.resize(viewer_.width(), viewer_.height(), keepCentreAndScale) && !document_.busy) {
+        setView(keepCentreAndScale);
+    } else {
+        redraw();
+    }
+}
+
+void ViewerPrivate::placeCompanyLabel()
+{
+    companyLabel_->adjustSize();
+    companyLabel_->move(kCompanyLabelMargin, viewer_.height() - kCompanyLabelMargin - companyLabel_->height());
+    companyLabel_->show();
+}
+
+void ViewerPrivate::applyColors()
+{
+    QPalette colors = viewer_.palette();
+    colors.setColor(QPalette::Window, olecolor::toQColor(backColor, QApplication::palette()));
+    colors.setColor(QPalette::WindowText, olecolor::toQColor(foreColor, QApplication::palette()));
+    viewer_.setPalette(colors);
+    // Back style 0 is transparent: the host's surface shows through.
+    viewer_.setAutoFillBackground(backStyle != 0);
+    viewer_.update();
+}
+
+void ViewerPrivate::setView(const BoundingBox& box)
+{
+    viewer_.setCursor(Qt::BusyCursor);
+    hideRubberBand();
+    viewport_.setSize(viewer_.width(), viewer_.height());
+    viewport_.setProjection(document_.Projection);
+    if (viewport_.SetView(box.MinX, box.MinY, box.MaxX, box.MaxY)) {
+        redraw();
+        requestMissingCells();
+    }
+    selectToolCursor();
+}
+
+// Redrawing one layer draws the others from what they drew last.
+void ViewerPrivate::redrawMap(std::optional<std::int32_t> onlyLayer)
+{
+    viewport_.setSize(viewer_.width(), viewer_.height());
+    if (picture_.size() != viewer_.size()) {
+        picture_ = QImage(viewer_.size(), QImage::Format_ARGB32_Premultiplied);
+    }
+    hideRubberBand();
+    renderer_.setPalette(viewer_.palette());
+    renderer_.setTextMetrics(viewer_.font(), viewer_.logicalDpiY());
+    renderer_.render(picture_, viewport_, document_, onlyLayer);
+    viewer_.update();
+    selectToolCursor();
+    if (!document_.busy) {
+        emit viewer_.MapRedrawn();
+    }
+}
+
+void ViewerPrivate::zoomAboutCentre(float factor)
+{
+    tools_.stopDragging();
+    hideRubberBand();
+    zoomAbout(factor, viewport_.toMap(viewer_.width() / 2.0, viewer_.height() / 2.0));
+}
+
+void ViewerPrivate::zoomAbout(float factor, MapPoint centre)
+{
+    BoundingBox box;
+    if (!document_.busy && viewport_.zoomBox(factor, centre, box)) {
+        setView(box);
+    }
+}
+
+void ViewerPrivate::zoomToExtents()
+{
+    if (!document_.busy) {
+        setView(document_.mapExtent);
+    }
+}
+
+// Zoom and pan keep the tool they interrupt, to resume it afterwards.
+void ViewerPrivate::armTool(int number)
+{
+    if (!document_.busy) {
+        tools_.arm(number);
+        selectToolCursor();
+    }
+}
+
+void ViewerPrivate::armZoomFactor(float factor)
+{
+    if (!document_.busy) {
+        tools_.zoomFactorTool().setFactor(factor);
+        armTool(ZoomFactorTool::kNumber);
+    }
+}
+
+void ViewerPrivate::finishNavigation(int tool, bool completed)
+{
+    tools_.finishNavigation(tool, completed);
+    selectToolCursor();
+}
+
+void ViewerPrivate::resetTool()
+{
+    tools_.reset();
+    redraw();
+}
+
+void ViewerPrivate::selectToolCursor()
+{
+    viewer_.setCursor(tools_.cursor());
+}
+
+void ViewerPrivate::showRubberBand(const QRect& rectangle)
+{
+    rubberBand_->setGeometry(rectangle);
+    rubberBand_->show();
+}
+
+void ViewerPrivate::hideRubberBand()
+{
+    rubberBand_->hide();
+}
+
+void ViewerPrivate::setPanOffset(QPoint offset)
+{
+    panOffset_ = offset;
+    viewer_.update();
+}
+
+void ViewerPrivate::zoomToSelected(std::int32_t layerId, const QList<int>& elements)
+{
+    const layer* mapLayer = document_.Layers().Find(layerId);
+    if (document_.busy || !mapLayer || mapLayer->Tipo == ImageLayer || elements.isEmpty()) {
+        return;
+    }
+    // An element 0 names nothing: there is no box to zoom to.
+    if (elements.size() == 1 && elements.front() == 0) {
+        return;
+    }
+    if (elements.size() == 1 && !mapLayer->Entidades.Find(elements.front())) {
+        sendMessage(session_.connection(), messages::ElementBoundingBoxRequest{layerId, elements.front()});
+        return;
+    }
+    BoundingBox box;
+    for (const int id : elements) {
+        if (const Entidad* element = mapLayer->Entidades.Find(id)) {
+            box.Union(element->bb.MinX, element->bb.MinY, element->bb.MaxX, element->bb.MaxY);
+        }
+    }
+    if (box.MinX > box.MaxX || box.MinY > box.MaxY) {
+        return;
+    }
+    widenToMinimum(box.MinX, box.MaxX);
+    widenToMinimum(box.MinY, box.MaxY);
+    setView(box);
+}
+
+void ViewerPrivate::paint()
+{
+    QPainter painter(&viewer_);
+    if (backStyle != 0) {
+        if (!panOffset_.isNull()) {
+            painter.fillRect(viewer_.rect(), olecolor::toQColor(document_.BackgroundColor, viewer_.palette()));
+        }
+        painter.drawImage(panOffset_, picture_);
+    }
+    if (borderStyle == 1) {
+        painter.setPen(viewer_.palette().color(QPalette::WindowText));
+        painter.drawRect(viewer_.rect().adjusted(0, 0, -1, -1));
+    }
+}
+
+MapMouseEvent ViewerPrivate::mapEvent(const QMouseEvent& event) const
+{
+    const QPointF pixel = event.position();
+    return {inputcodes::buttonOf(event.button()), inputcodes::shiftOf(event.modifiers()), pixel,
+            viewport_.toMap(pixel.x(), pixel.y())};
+}
+
+void ViewerPrivate::mousePress(const QMouseEvent& event)
+{
+    const MapMouseEvent press = mapEvent(event);
+    // Shift and the right button free a control whose load never finished.
+    if (press.button == kRightButton && (press.shift & kShiftKey)) {
+        document_.busy = false;
+        tools_.drop();
+        selectToolCursor();
+        return;
+    }
+    if (!viewport_.viewReady() || document_.busy) {
+        return;
+    }
+    tools_.press(press);
+    emit viewer_.MouseDown(press.button, press.shift, static_cast<float>(press.pixel.x()),
+                           static_cast<float>(press.pixel.y()));
+}
+
+void ViewerPrivate::mouseMove(const QMouseEvent& event)
+{
+    if (!viewport_.viewReady()) {
+        return;
+    }
+    if (document_.busy) {
+        viewer_.setCursor(Qt::WaitCursor);
+        return;
+    }
+    if (viewer_.cursor().shape() == Qt::WaitCursor) {
+        selectToolCursor();
+    }
+    const MapMouseEvent move = mapEvent(event);
+    tools_.move(move);
+    if (toolTip_) {
+        toolTip_->mousemove(static_cast<float>(move.pixel.x()), static_cast<float>(move.pixel.y()));
+    }
+    double lon = 0;
+    double lat = 0;
+    if (viewport_.unproject(move.map, lon, lat)) {
+        emit viewer_.MousePosition(lon, lat);
+    }
+}
+
+// A release ends the tool's drag; a left release is also a click, handled by
+// the tool that is current after the release.
+void ViewerPrivate::mouseRelease(const QMouseEvent& event)
+{
+    if (!viewport_.viewReady() || document_.busy) {
+        return;
+    }
+    const MapMouseEvent release = mapEvent(event);
+    if (tools_.release(release)) {
+        emit viewer_.MouseUp(release.button, release.shift, static_cast<float>(release.pixel.x()),
+                             static_cast<float>(release.pixel.y()));
+    }
+    if (tools_.click(release)) {
+        emit viewer_.click();
+    }
+}
+
+void ViewerPrivate::mouseDoubleClick(const QMouseEvent& event)
+{
+    tools_.doubleClick(mapEvent(event));
+    emit viewer_.DblClick();
+}
+
+// The wheel zooms by 2 or 0.5 and keeps the point under the cursor in place.
+void ViewerPrivate::wheel(int steps, QPointF pixel)
+{
+    BoundingBox box;
+    if (steps != 0 && viewport_.viewReady() && !document_.busy &&
+        viewport_.zoomBoxAboutPixel(steps > 0 ? 2.0f : 0.5f, pixel.x(), pixel.y(), box)) {
+        setView(box);
+    }
+}
+
+void ViewerPrivate::navigationKey(int key)
+{
+    switch (key) {
+    case Qt::Key_Left: panByQuarter(-1, 0); break;
+    case Qt::Key_Right: panByQuarter(1, 0); break;
+    case Qt::Key_Up: panByQuarter(0, 1); break;
+    case Qt::Key_Down: panByQuarter(0, -1); break;
+    default: break;
+    }
+}
+
+void ViewerPrivate::panByQuarter(int east, int north)
+{
+    if (!document_.busy && viewport_.viewReady()) {
+        setView(viewport_.shiftedViewBox(kArrowPanShare * east, kArrowPanShare * north));
+    }
+}
+
+} // namespace orbelan

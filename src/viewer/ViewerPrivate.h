@@ -1,0 +1,134 @@
+#pragma once
+
+#include "MapDocument.h"
+#include "MapRenderer.h"
+#include "MapSession.h"
+#include "MapToolHost.h"
+#include "SessionEvents.h"
+#include "ToolController.h"
+#include "Viewport.h"
+
+#include <QImage>
+#include <QPoint>
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+class QLabel;
+class QMouseEvent;
+class QRubberBand;
+class QTimer;
+
+namespace orbelan {
+
+class ActivityShape;
+class CToolTip;
+class UiServices;
+class Viewer;
+
+// Everything behind the Viewer's public face: the map and its view, the
+// session with the server, the renderer and the mouse tools, and the child
+// widgets that make up the control's surface. The Viewer forwards its
+// methods and Qt events here; the session and the tools reach the widget
+// only through the two interfaces this implements.
+class ViewerPrivate : public SessionEvents, public MapToolHost {
+public:
+    explicit ViewerPrivate(Viewer& viewer);
+    ~ViewerPrivate() override;
+
+    ViewerPrivate(const ViewerPrivate&) = delete;
+    ViewerPrivate& operator=(const ViewerPrivate&) = delete;
+
+    // SessionEvents
+    void redrawMap() override { redraw(); }
+    void zoomToExtents() override;
+    void changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName = {}) override;
+    void mapLoaded() override;
+    QWidget* dialogParent() override;
+
+    // MapToolHost
+    const Viewport& viewport() const override { return viewport_; }
+    void setView(const BoundingBox& box) override;
+    void zoomAbout(float factor, MapPoint centre) override;
+    void redraw() override { redrawMap(std::nullopt); }
+    void showRubberBand(const QRect& rectangle) override;
+    void hideRubberBand() override;
+    void setPanOffset(QPoint offset) override;
+    void finishNavigation(int tool, bool completed) override;
+
+    void setUiServices(UiServices& services);
+    UiServices& ui() const { return *ui_; }
+
+    void redrawMap(std::optional<std::int32_t> onlyLayer);
+    void zoomAboutCentre(float factor);
+    void armTool(int number);
+    // Arms the zoom-by-factor tool with a new factor.
+    void armZoomFactor(float factor);
+    void resetTool();
+    void zoomToSelected(std::int32_t layerId, const QList<int>& elements);
+    void setToolTip(int layerId, const QString& field);
+    void requestMissingCells() { session_.cells().requestMissingCells(); }
+
+    void firstShow();
+    void resized();
+    void paint();
+    void mousePress(const QMouseEvent& event);
+    void mouseMove(const QMouseEvent& event);
+    void mouseRelease(const QMouseEvent& event);
+    void mouseDoubleClick(const QMouseEvent& event);
+    void wheel(int steps, QPointF pixel);
+    // The arrow keys move the view by a quarter of its size.
+    void navigationKey(int key);
+    void applyColors();
+    void placeCompanyLabel();
+
+    MapDocument& document() { return document_; }
+    MapSession& session() { return session_; }
+    const MapSession& session() const { return session_; }
+    ToolController& tools() { return tools_; }
+    const ToolController& tools() const { return tools_; }
+    QWidget* toolTipBox() const { return toolTipBox_; }
+    const QLabel* toolTipLabel() const { return toolTipLabel_; }
+
+    // The persisted properties that the widget does not hold itself.
+    bool userMode = true;
+    bool firstShowPending = true;
+    std::uint32_t backColor;
+    std::uint32_t foreColor;
+    std::int16_t appearance = 1;
+    std::int16_t backStyle = 1;
+    std::int16_t borderStyle = 0;
+
+private:
+    void createSurface();
+    void connectReceiveSide();
+    void refreshStatusLabel();
+    void selectToolCursor();
+    void panByQuarter(int east, int north);
+    MapMouseEvent mapEvent(const QMouseEvent& event) const;
+
+    Viewer& viewer_;
+    std::unique_ptr<UiServices> ownUi_;
+    UiServices* ui_;
+    Viewport viewport_;
+    MapDocument document_;
+    MapSession session_;
+    MapRenderer renderer_;
+    ToolController tools_;
+    QImage picture_;
+    QPoint panOffset_;
+
+    ActivityShape* readingData_ = nullptr;
+    QLabel* statusLabel_ = nullptr;
+    bool statusRefreshPending_ = false;
+    QLabel* companyLabel_ = nullptr;
+    QRubberBand* rubberBand_ = nullptr;
+    QTimer* toolTipTimer_ = nullptr;
+    QWidget* toolTipBox_ = nullptr;
+    QLabel* toolTipLabel_ = nullptr;
+    // Made with the first SetToolTip.
+    std::unique_ptr<CToolTip> toolTip_;
+};
+
+} // namespace orbelan

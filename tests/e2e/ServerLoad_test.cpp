@@ -1,0 +1,220 @@
+#include "OleColor.h"
+#include "ScriptedUiServices.h"
+#include "Layers.h"
+#include "Viewer.h"
+#include "Viewport.h"
+
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+using namespace orbelan;
+
+namespace {
+
+const QString kServer = QStringLiteral(ORBELAN_SERVER_PROGRAM);
+constexpr int kProgramMilliseconds = 120'000;
+constexpr int kLoadMilliseconds = 30'000;
+// The demo's users: the administrator draws on every layer of Santiago, the
+// guest has no access to it.
+constexpr std::int32_t kAdministrator = 1;
+constexpr std::int32_t kGuest = 3;
+constexpr std::int32_t kSantiago = 1;
+
+// orbelan-server serving the Santiago demo map from a store of its own.
+class DemoServer : public ::testing::Test {
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(folder.isValid());
+        const QString store = folder.filePath(QStringLiteral("demo.sqlite"));
+        QProcess demo;
+        demo.start(kServer, {"demo", "--db", store, "--offline", "--data", folder.path()});
+        ASSERT_TRUE(demo.waitForFinished(kProgramMilliseconds));
+        ASSERT_EQ(demo.exitCode(), 0) << demo.readAll().toStdString();
+
+        server.setProcessChannelMode(QProcess::MergedChannels);
+        server.start(kServer, {"serve", "--db", store, "--port", "0"});
+        const QRegularExpression listening(QStringLiteral("listening on 127\\.0\\.0\\.1:(\\d+)"));
+        QString log;
+        while (port == 0 && server.waitForReadyRead(kProgramMilliseconds)) {
+            log += QString::fromUtf8(server.readAll());
+            if (const auto found = listening.match(log); found.hasMatch()) {
+                port = static_cast<quint16>(found.captured(1).toUInt());
+            }
+        }
+        ASSERT_NE(port, 0) << log.toStdString();
+    }
+
+    void TearDown() override
+    {
+        server.kill();
+        server.waitForFinished();
+    }
+
+    void show(std::int32_t user)
+    {
+        viewer.setUiServices(ui);
+        viewer.resize(640, 480);
+        viewer.setURL(QStringLiteral("127.0.0.1"));
+        viewer.setPort(port);
+        viewer.setIDUser(user);
+        viewer.setMapCode(kSantiago);
+        viewer.show();
+    }
+
+    QTemporaryDir folder;
+    QProcess server;
+    quint16 port = 0;
+    ScriptedUiServices ui;
+    Viewer viewer;
+};
+
+TEST_F(DemoServer, SantiagoLoadsItsLayersAndTheCellsOfTheFirstView)
+{
+    show(kAdministrator);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.layerscargados(); }, kLoadMilliseconds));
+    EXPECT_EQ(viewer.Nombre(), "Santiago");
+    ASSERT_GE(viewer.Layers().count(), 1);
+    EXPECT_TRUE(viewer.viewport().viewReady());
+    int entities = 0;
+    for (const layer& mapLayer : viewer.Layers()) {
+        EXPECT_EQ(mapLayer.AccessLevel, ALDraw) << mapLayer.Nombre;
+        EXPECT_EQ(mapLayer.ThematicMap().Item(1)->min, "MICanyMIC");
+        entities += mapLayer.Entidades.count();
+    }
+    EXPECT_GT(entities, 0);
+    for (const ShownMessage& box : ui.messages()) {
+        EXPECT_NE(box.text, "Acceso Denegado");
+    }
+}
+
+TEST_F(DemoServer, ZoomedInTheParcelsShowTheirClassColours)
+{
+    show(kAdministrator);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.layerscargados() && viewer.PendingRequests() == 0; },
+                                kLoadMilliseconds));
+    viewer.SetView(-70.67, -33.46, -70.66, -33.452);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.isIdle(); }, kLoadMilliseconds));
+    const layer* parcels = viewer.Layers().Item(1);
+    ASSERT_EQ(parcels->Nombre, "Predios");
+    ASSERT_FALSE(parcels->DrawnIDs().empty());
+
+    // Streets and places may cover a few centroids; nearly all must show the fill.
+    const QImage picture = viewer.grab().toImage();
+    int probed = 0;
+    int filled = 0;
+    std::set<std::int32_t> classes;
+    for (const std::int32_t id : parcels->DrawnIDs()) {
+        const Entidad& parcel = *parcels->Entidades.Find(id);
+        MapPoint plane;
+        ASSERT_TRUE(viewer.viewport().project(parcel.Centroide().X, parcel.Centroide().Y, plane));
+        const QPoint pixel(static_cast<int>(viewer.viewport().WorldToScreenX(plane.x)),
+                           static_cast<int>(viewer.viewport().WorldToScreenY(plane.y)));
+        if (!picture.rect().contains(pixel)) {
+            continue;
+        }
+        const Theme& theme = *parcels->ThematicMap().Item(parcel.ThemeCode);
+        ++probed;
+        classes.insert(parcel.ThemeCode);
+        filled += picture.pixelColor(pixel) == olecolor::toQColor(static_cast<std::uint32_t>(theme.FillColor),
+                                                                   viewer.palette());
+    }
+    ASSERT_GT(probed, 20);
+    // The land-use values arrived: the parcels fall into several classes.
+    EXPECT_GE(classes.size(), 3u);
+    EXPECT_GT(filled, probed * 8 / 10) << filled << " of " << probed;
+}
+
+TEST_F(DemoServer, AUserWithoutAccessIsRefused)
+{
+    show(kGuest);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !ui.messages().empty(); }, kLoadMilliseconds));
+    EXPECT_EQ(ui.messages().front().text, "Acceso Denegado");
+    EXPECT_EQ(ui.messages().front().icon, MessageIcon::Critical);
+    EXPECT_EQ(viewer.Layers().count(), 0);
+    EXPECT_EQ(viewer.PendingRequests(), 0);
+}
+
+// Text pixels: dark and grey, as the street names are written; nothing else
+// on the map is that dark once the places are hidden.
+int textPixelsAround(const QImage& picture, QPoint centre, int reach)
+{
+    int count = 0;
+    const QRect area = QRect(centre - QPoint(reach, reach), centre + QPoint(reach, reach)) & picture.rect();
+    for (int y = area.top(); y <= area.bottom(); ++y) {
+        for (int x = area.left(); x <= area.right(); ++x) {
+            const QColor color = picture.pixelColor(x, y);
+            count += std::max({color.red(), color.green(), color.blue()}) < 100 ? 1 : 0;
+        }
+    }
+    return count;
+}
+
+TEST_F(DemoServer, AtStreetLevelEachStreetNameIsWrittenOnceBesideItsFirstBlockNotBefore)
+{
+    show(kAdministrator);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.layerscargados() && viewer.PendingRequests() == 0; },
+                                kLoadMilliseconds));
+    layer& places = *viewer.Layers().Item(3);
+    layer& streets = *viewer.Layers().Item(2);
+    ASSERT_EQ(streets.Nombre, "Calles");
+    // The whole city is too far out for street names.
+    EXPECT_FALSE(streets.lblVisible);
+    places.setUserVisibility(0);
+    viewer.SetView(-70.67, -33.46, -70.66, -33.452);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.isIdle(); }, kLoadMilliseconds));
+    ASSERT_TRUE(streets.lblVisible);
+    ASSERT_GT(streets.Labels().count(), 3);
+
+    std::set<std::int32_t> named;
+    std::vector<QPoint> anchors;
+    for (const std::int32_t id : streets.DrawnIDs()) {
+        const Entidad& block = *streets.Entidades.Find(id);
+        const auto screen = block.ScreenPoints();
+        if (block.IDLabel == 0 || !named.insert(block.IDLabel).second || screen.size() < 2) {
+            continue;
+        }
+        const QPoint anchor((QPointF(screen[0].X, screen[0].Y) + QPointF(screen[1].X, screen[1].Y)).toPoint() / 2);
+        if (viewer.rect().contains(anchor)) {
+            anchors.push_back(anchor);
+        }
+    }
+    ASSERT_GT(anchors.size(), 3u);
+    const auto written = [&anchors](const QImage& picture) {
+        return std::ranges::count_if(anchors, [&](QPoint anchor) { return textPixelsAround(picture, anchor, 12) > 5; });
+    };
+    const auto probed = static_cast<std::ptrdiff_t>(anchors.size());
+    EXPECT_GT(written(viewer.grab().toImage()), probed * 8 / 10) << probed << " names";
+
+    streets.setUserLabelVisibility(0);
+    viewer.Redraw();
+    // The company name in its corner may stand beside one of them.
+    EXPECT_LE(written(viewer.grab().toImage()), probed / 10);
+}
+
+TEST_F(DemoServer, OneWayStreetsGetTheirDirectionsOnceDirectionMarksAreOn)
+{
+    show(kAdministrator);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.layerscargados() && viewer.PendingRequests() == 0; },
+                                kLoadMilliseconds));
+    layer& streets = *viewer.Layers().Item(2);
+    ASSERT_EQ(streets.DirectionField, "DIR");
+    streets.setUserDirectionVisibility(2);
+    viewer.SetView(-70.67, -33.46, -70.66, -33.452);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.isIdle(); }, kLoadMilliseconds));
+    std::set<std::int16_t> directions;
+    for (const std::int32_t id : streets.DrawnIDs()) {
+        directions.insert(streets.Entidades.Find(id)->Direction);
+    }
+    EXPECT_EQ(directions, (std::set<std::int16_t>{-1, 0, 1}));
+    EXPECT_TRUE(streets.DirectionVisible);
+}
+
+} // namespace

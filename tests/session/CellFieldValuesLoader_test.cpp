@@ -1,0 +1,89 @@
+#include "CellFieldValues.h"
+#include "SessionHarness.h"
+
+#include <utility>
+
+using namespace orbelan;
+using messages::CellFieldValues;
+
+namespace {
+
+class CellFieldValuesLoader : public SessionHarness {
+protected:
+    void SetUp() override
+    {
+        streets.lblField = "NOMBRE";
+        streets.ThematicField = "USO";
+        streets.ThematicFieldType = 202;
+        streets.DirectionField = "DIR";
+        streets.ThematicMap().Add(0, 1, 0, 0, 1, "MICanyMIC", "");
+        streets.ThematicMap().Add(0, 2, 255, 0, 1, "Comercial", "");
+        for (const std::int32_t id : {41, 42, 43}) {
+            streets.Entidades.AddEntity(id, std::vector<Vertex>{{-70, -33}, {-70.1, -33.1}}, streets);
+        }
+    }
+
+    void replyValues(std::string field, std::vector<CellFieldValues::Reference> references,
+                     std::vector<std::string> values, std::int32_t layer = 7)
+    {
+        reply(CellFieldValues{layer, std::move(field), std::move(references), std::move(values)});
+    }
+
+    const Entidad& element(std::int32_t id) const { return *streets.Entidades.Find(id); }
+
+    layer& streets = document.addLayer("Calles", 7, polylinelayer);
+};
+
+TEST_F(CellFieldValuesLoader, ElementsSharingAValueShareItsLabel)
+{
+    cells.requestFieldValues(streets, {1, 2}, "NOMBRE");
+    EXPECT_EQ(events.status.text(), "Requesting Labels Calles (1)");
+    replyValues("nombre", {{41, 1}, {42, 1}, {43, 2}}, {"Alameda", "Bandera"});
+    EXPECT_EQ(element(41).IDLabel, element(42).IDLabel);
+    EXPECT_NE(element(41).IDLabel, element(43).IDLabel);
+    EXPECT_EQ(streets.Labels().count(), 2);
+    EXPECT_EQ(events.status.text(), "");
+    EXPECT_EQ(requests.pending, 0);
+}
+
+TEST_F(CellFieldValuesLoader, ThematicValuesChooseClassesAndDirectionsAreIntegers)
+{
+    replyValues("USO", {{41, 1}, {42, 2}}, {" Comercial ", "Residencial"});
+    EXPECT_EQ(element(41).ThemeValue, " Comercial ");
+    EXPECT_EQ(element(41).ThemeCode, 2);
+    EXPECT_EQ(element(42).ThemeCode, 1);
+
+    streets.Entidades.Find(43)->Direction = 1;
+    replyValues("DIR", {{41, 1}, {42, 2}, {43, 3}}, {"-1", "1.5", ""});
+    EXPECT_EQ(element(41).Direction, -1);
+    EXPECT_EQ(element(42).Direction, 2);
+    EXPECT_EQ(element(43).Direction, 0);
+    replyValues("DIR", {{41, 1}}, {"norte"});
+    EXPECT_EQ(abandoned, 1);
+    EXPECT_EQ(element(41).Direction, -1);
+}
+
+// Element 0 is told as it is read, for layers of the map only.
+TEST_F(CellFieldValuesLoader, AnElementZeroIsReportedAndTheRestStillApplied)
+{
+    replyValues("NOMBRE", {{0, 1}, {42, 1}, {99, 1}}, {"Alameda"});
+    ASSERT_EQ(ui.messages().size(), 1u);
+    EXPECT_EQ(ui.messages().front().text, "Error when loading labels.\r\nLayer: 7, Field: NOMBRE");
+    EXPECT_EQ(ui.messages().front().caption, "Proyecto Pelmarito");
+    EXPECT_EQ(streets.Labels().count(), 1);
+    EXPECT_NE(element(42).IDLabel, 0);
+    replyValues("NOMBRE", {{0, 1}}, {"Alameda"}, 8);
+    EXPECT_EQ(ui.messages().size(), 1u);
+}
+
+TEST_F(CellFieldValuesLoader, AValueNumberOutsideTheListAbandonsTheRest)
+{
+    replyValues("USO", {{41, 1}, {42, 3}, {43, 1}}, {"Comercial", "Residencial"});
+    EXPECT_EQ(abandoned, 1);
+    EXPECT_EQ(element(41).ThemeCode, 2);
+    EXPECT_TRUE(element(43).ThemeValue.empty());
+    // The reply is counted off all the same: the map must not wait for it.
+    EXPECT_EQ(requests.pending, -1);
+}
+
+} // namespace

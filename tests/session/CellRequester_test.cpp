@@ -1,0 +1,92 @@
+#include "CellFieldValuesRequest.h"
+#include "CellGeometryRequest.h"
+#include "SessionHarness.h"
+
+#include <set>
+#include <utility>
+
+using namespace orbelan;
+
+namespace {
+
+class CellRequesterTest : public SessionHarness {
+protected:
+    void SetUp() override
+    {
+        streets.GridDeltaX = 1;
+        streets.GridDeltaY = 1;
+        streets.minCol = 0; // rows
+        streets.maxCol = 180;
+        streets.minRow = 0; // columns
+        streets.maxRow = 360;
+        streets.AccessLevel = ALViewer;
+        streets.setUserVisibility(2);
+        streets.lblField = "NOMBRE";
+        streets.setUserLabelVisibility(2);
+        view.setSize(400, 200);
+    }
+
+    // The cells of the geometry and of the field value requests sent.
+    std::pair<std::set<std::pair<int, int>>, std::set<std::pair<int, int>>> requestedCells()
+    {
+        std::set<std::pair<int, int>> geometry;
+        std::set<std::pair<int, int>> values;
+        for (DWBUffer& request : requests.take()) {
+            if (codeOf(request) == CommandCode::CellGeometryRequest) {
+                const auto asked = messages::CellGeometryRequest::decode(request);
+                EXPECT_EQ(asked.layer, 5);
+                EXPECT_TRUE(geometry.insert({asked.row, asked.column}).second) << "a cell twice";
+            } else {
+                const auto asked = messages::CellFieldValuesRequest::decode(request);
+                EXPECT_EQ(asked.field, "NOMBRE");
+                EXPECT_TRUE(values.insert({asked.row, asked.column}).second) << "a label cell twice";
+            }
+        }
+        return {geometry, values};
+    }
+
+    layer& streets = document.addLayer("Calles", 5, polylinelayer);
+};
+
+TEST_F(CellRequesterTest, TheCellsOfTheViewAreRequestedOnce)
+{
+    ASSERT_TRUE(view.SetView(0, 0, 2, 1));
+    cells.requestMissingCells();
+    const auto [geometry, labels] = requestedCells();
+    EXPECT_TRUE(geometry.contains({90, 181}));
+    EXPECT_EQ(labels, geometry);
+    EXPECT_EQ(requests.pending, static_cast<int>(geometry.size() + labels.size()));
+    EXPECT_TRUE(events.status.text().contains("Requesting Layer Calles"));
+
+    cells.requestMissingCells();
+    EXPECT_TRUE(requests.sent.empty());
+}
+
+// Hidden layers ask for nothing, nor do grids that hold no cell.
+TEST_F(CellRequesterTest, LayersThatShowNothingAskForNothing)
+{
+    ASSERT_TRUE(view.SetView(0, 0, 2, 1));
+    streets.setUserVisibility(0);
+    cells.requestMissingCells();
+    streets.setUserVisibility(2);
+    streets.GridDeltaX = 0;
+    cells.requestMissingCells();
+    EXPECT_TRUE(requests.sent.empty());
+}
+
+TEST_F(CellRequesterTest, CellsAskedForAgainKeepTheirOrder)
+{
+    for (const GridCell& cell : {GridCell{1, 5}, GridCell{2, 6}, GridCell{1, 5}}) {
+        streets.CeldaSolicitada(cell.row, cell.column);
+    }
+    cells.requestCellsAgain(streets);
+    std::vector<std::pair<int, int>> asked;
+    for (DWBUffer& request : requests.take()) {
+        codeOf(request);
+        const auto cell = messages::CellGeometryRequest::decode(request);
+        asked.emplace_back(cell.row, cell.column);
+    }
+    EXPECT_EQ(asked, (std::vector<std::pair<int, int>>{{1, 5}, {2, 6}, {1, 5}}));
+}
+
+} // namespace

@@ -1,0 +1,82 @@
+#include "AccessAnswer.h"
+#include "LayerAccessLevels.h"
+#include "MapDefinitionRequest.h"
+#include "SessionHarness.h"
+
+using namespace orbelan;
+
+namespace {
+
+using Dispatcher = SessionHarness;
+
+// Every code the server sends but nobody handles yet, or that the protocol
+// does not have, gets the same plain box; the next message is handled as usual.
+TEST_F(Dispatcher, AnUnknownCodeIsAnnouncedAndDropped)
+{
+    for (const std::int16_t code : {std::int16_t{100}, std::int16_t{112}, std::int16_t{-1}}) {
+        deliver(message(static_cast<CommandCode>(code), {1, 2, 3}));
+    }
+    ASSERT_EQ(ui.messages().size(), 3u);
+    for (const ShownMessage& box : ui.messages()) {
+        EXPECT_EQ(box.text, "No se entiende el comando\r\nError!");
+        EXPECT_EQ(box.caption, "Proyecto Pelmarito");
+        EXPECT_EQ(box.icon, MessageIcon::None);
+        EXPECT_EQ(box.buttons, MessageButtons::OK);
+    }
+    EXPECT_EQ(abandoned, 0);
+
+    deliver(message(CommandCode::NoAction107, {5, 0}));
+    deliver(message(CommandCode::NoAction108));
+    EXPECT_EQ(ui.messages().size(), 3u);
+    EXPECT_EQ(requests.pending, 0);
+    EXPECT_TRUE(requests.sent.empty());
+}
+
+TEST_F(Dispatcher, RefusedAccessIsToldAndNothingMoreIsAsked)
+{
+    requests.pending = 1;
+    reply(messages::AccessAnswer{5});
+    ASSERT_EQ(ui.messages().size(), 1u);
+    EXPECT_EQ(ui.messages().front().text, "Acceso Denegado");
+    EXPECT_EQ(ui.messages().front().caption, "Orbelan Viewer");
+    EXPECT_EQ(ui.messages().front().icon, MessageIcon::Critical);
+    EXPECT_EQ(requests.pending, 0);
+    EXPECT_TRUE(requests.sent.empty());
+}
+
+TEST_F(Dispatcher, GrantedAccessAsksForTheMapOnce)
+{
+    document.MapCode = 42;
+    requests.pending = 1;
+    reply(messages::AccessAnswer{0});
+    std::vector<DWBUffer> sent = requests.take();
+    ASSERT_EQ(sent.size(), 1u);
+    EXPECT_EQ(codeOf(sent[0]), CommandCode::MapDefinitionRequest);
+    EXPECT_EQ(messages::MapDefinitionRequest::decode(sent[0]).map, 42);
+    // The access answer was counted off, the map request counted on.
+    EXPECT_EQ(requests.pending, 1);
+    EXPECT_TRUE(ui.messages().empty());
+}
+
+// Levels are stored as they are read, ids the map does not have passed
+// over; only a whole list shows the map.
+TEST_F(Dispatcher, AccessLevelsGoToTheirLayersAndTheMapIsShownWhole)
+{
+    document.addLayer("Calles", 7, polylinelayer);
+    document.addLayer("Plazas", 9, pointlayer);
+    const DWBUffer levels =
+        messages::buildMessage(messages::LayerAccessLevels{{{9, ALDraw}, {8, ALEditor}, {7, ALViewer}}});
+    deliver(cutShort(levels, levels.TamanoBuffer() - 1));
+    EXPECT_EQ(document.Layers().Find(9)->AccessLevel, ALDraw);
+    EXPECT_EQ(document.Layers().Find(7)->AccessLevel, ALNoAccess);
+    EXPECT_EQ(events.zooms, 0);
+    EXPECT_EQ(abandoned, 1);
+
+    deliver(levels);
+    EXPECT_EQ(document.Layers().Find(7)->AccessLevel, ALViewer);
+    EXPECT_EQ(events.zooms, 1);
+    reply(messages::LayerAccessLevels{});
+    EXPECT_EQ(events.zooms, 2);
+}
+
+} // namespace

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "CellRequester.h"
+#include "CommandDispatcher.h"
+#include "MapDocument.h"
+#include "MessageIO.h"
+#include "RequestSender.h"
+#include "ScriptedUiServices.h"
+#include "SessionEvents.h"
+#include "StatusList.h"
+#include "Viewport.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+// Requests as they would leave for the server, and the count of replies
+// still awaited.
+class RecordingSender : public orbelan::RequestSender {
+public:
+    void sendRequest(orbelan::CommandCode code, const std::function<void(orbelan::DWBUffer&)>& writePayload) override;
+    void replyHandled() override { --pending; }
+
+    // The requests sent since the last call, unread.
+    std::vector<orbelan::DWBUffer> take();
+
+    std::vector<orbelan::DWBUffer> sent;
+    int pending = 0;
+};
+
+// The control as a session sees it: what the loaders ask of it is counted,
+// and the status steps go into a real status list.
+class RecordingEvents : public orbelan::SessionEvents {
+public:
+    void redrawMap() override { ++redraws; }
+    void zoomToExtents() override { ++zooms; }
+    void changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName) override
+    {
+        status.change(layerId, step, layerName);
+    }
+    void mapLoaded() override { ++loaded; }
+    QWidget* dialogParent() override { return nullptr; }
+
+    orbelan::StatusList status;
+    int redraws = 0;
+    int zooms = 0;
+    int loaded = 0;
+};
+
+// A session without widget or socket: the test plays the server by handing
+// replies to the dispatcher, and reads the requests the loaders send.
+class SessionHarness : public ::testing::Test {
+protected:
+    // Dispatches a whole message; a message abandoned halfway is counted.
+    void deliver(const orbelan::DWBUffer& message);
+    template <typename Message>
+    void reply(const Message& message)
+    {
+        deliver(orbelan::messages::buildMessage(message));
+    }
+    // A message with the given code and payload bytes, its length closed.
+    static orbelan::DWBUffer message(orbelan::CommandCode code, std::initializer_list<std::uint8_t> payload = {});
+    // The first length bytes of a message, closed again as a whole message.
+    static orbelan::DWBUffer cutShort(const orbelan::DWBUffer& message, std::int64_t length);
+    static orbelan::CommandCode codeOf(orbelan::DWBUffer& request);
+
+    orbelan::Viewport view;
+    orbelan::MapDocument document{view};
+    RecordingSender requests;
+    RecordingEvents events;
+    orbelan::ScriptedUiServices ui;
+    orbelan::CellRequester cells{requests, document, view, events};
+    orbelan::CommandDispatcher dispatch{orbelan::LoadContext{document, requests, cells, ui, events}};
+    int abandoned = 0;
+};

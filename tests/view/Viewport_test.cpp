@@ -1,0 +1,174 @@
+#include "Viewport.h"
+
+#include "CUTM.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+using orbelan::BoundingBox;
+using orbelan::MapPoint;
+using orbelan::Viewport;
+
+namespace {
+
+Viewport sized(int width, int height, int projection = 0)
+{
+    Viewport view;
+    view.setSize(width, height);
+    view.setProjection(projection);
+    return view;
+}
+
+void expectBox(const BoundingBox& box, double west, double south, double east, double north, double tolerance)
+{
+    EXPECT_NEAR(box.MinX, west, tolerance);
+    EXPECT_NEAR(box.MinY, south, tolerance);
+    EXPECT_NEAR(box.MaxX, east, tolerance);
+    EXPECT_NEAR(box.MaxY, north, tolerance);
+}
+
+TEST(ViewportLatLon, TheRequestedBoxFillsTheControl)
+{
+    Viewport view = sized(400, 200);
+    ASSERT_TRUE(view.SetView(10, 5, -10, -5));
+    EXPECT_EQ(view.scale(), 20.0f);
+    EXPECT_EQ(view.centre().x, 0);
+    EXPECT_EQ(view.centre().y, 0);
+    expectBox(view.viewBox(), -10, -5, 10, 5, 1e-12);
+    EXPECT_EQ(view.WorldToScreenX(-10), 0);
+    EXPECT_EQ(view.WorldToScreenY(-5), 200);
+    EXPECT_EQ(view.ScreenToWorldX(300), 5);
+    EXPECT_EQ(view.ScreenToWorldY(50), 2.5);
+}
+
+TEST(ViewportLatLon, AWideControlShowsTheBoxCentredWithMoreLeftAndRight)
+{
+    Viewport view = sized(800, 200);
+    ASSERT_TRUE(view.SetView(-10, -5, 10, 5));
+    EXPECT_EQ(view.scale(), 20.0f); // the smaller of 800 / 20 and 200 / 10
+    expectBox(view.viewBox(), -20, -5, 20, 5, 1e-12);
+}
+
+TEST(ViewportLatLon, BoxesAreClampedNotWrapped)
+{
+    Viewport view = sized(360, 180);
+    ASSERT_TRUE(view.SetView(170, -100, 200, 100));
+    expectBox(view.projectedViewBox(), 170, -90, 180, 90, 0);
+}
+
+TEST(ViewportLatLon, ZoomingInThenOutReturnsToTheSameBox)
+{
+    Viewport view = sized(400, 300);
+    ASSERT_TRUE(view.SetView(-71, -34, -70, -33));
+    const BoundingBox before = view.viewBox();
+    const MapPoint middle{view.ScreenToWorldX(200), view.ScreenToWorldY(150)};
+    BoundingBox box;
+    ASSERT_TRUE(view.zoomBox(2, middle, box));
+    ASSERT_TRUE(view.SetView(box.MinX, box.MinY, box.MaxX, box.MaxY));
+    EXPECT_NEAR(view.viewBox().MaxX - view.viewBox().MinX, (before.MaxX - before.MinX) / 2, 1e-9);
+    ASSERT_TRUE(view.zoomBox(0.5f, middle, box));
+    ASSERT_TRUE(view.SetView(box.MinX, box.MinY, box.MaxX, box.MaxY));
+    expectBox(view.viewBox(), before.MinX, before.MinY, before.MaxX, before.MaxY, 1e-9);
+}
+
+TEST(ViewportLatLon, ResizingKeepsCentreAndScale)
+{
+    Viewport view = sized(400, 200);
+    ASSERT_TRUE(view.SetView(-10, -5, 10, 5));
+    BoundingBox box;
+    ASSERT_TRUE(view.resize(600, 300, box));
+    ASSERT_TRUE(view.SetView(box.MinX, box.MinY, box.MaxX, box.MaxY));
+    EXPECT_NEAR(view.centre().x, 0, 1e-12);
+    EXPECT_NEAR(view.centre().y, 0, 1e-12);
+    EXPECT_EQ(view.scale(), 20.0f);
+    expectBox(view.viewBox(), -15, -7.5, 15, 7.5, 1e-12);
+}
+
+TEST(ViewportWithoutView, ConversionsSayThereIsNoViewYet)
+{
+    Viewport view = sized(400, 200);
+    EXPECT_FALSE(view.viewReady());
+    EXPECT_EQ(view.ScreenToWorldX(10), 1e37);
+    EXPECT_EQ(view.ScreenToWorldY(10), 1e37);
+    BoundingBox box;
+    EXPECT_FALSE(view.resize(500, 300, box));
+    EXPECT_FALSE(view.zoomBox(2, {}, box));
+}
+
+TEST(ViewportWithoutView, BoxesWithoutExtentOrProjectionChangeNothing)
+{
+    Viewport view = sized(400, 200);
+    EXPECT_FALSE(view.SetView(3, 4, 3, 4));
+    EXPECT_FALSE(view.viewReady());
+    EXPECT_FALSE(view.SetView(std::nan(""), 0, 1, 1));
+
+    Viewport unknown = sized(400, 200, 7);
+    EXPECT_FALSE(unknown.SetView(-1, -1, 1, 1));
+
+    Viewport unsized = sized(0, 0);
+    EXPECT_FALSE(unsized.SetView(-1, -1, 1, 1));
+}
+
+TEST(ViewportUtm, TheViewIsCentredOnTheProjectedCentreOfTheBox)
+{
+    // Code 81: zone 19 south, where Santiago lies.
+    Viewport view = sized(500, 500, 81);
+    ASSERT_TRUE(view.SetView(-70.8, -33.6, -70.5, -33.3));
+    orbelan::CUTM utm;
+    const double params[] = {-19, 0.9996};
+    ASSERT_TRUE(utm.Init(6378137.0, 6356752.3142, params));
+    double x = 0;
+    double y = 0;
+    ASSERT_TRUE(utm.Project(-70.65, -33.45, x, y));
+    EXPECT_NEAR(view.centre().x, x, 1e-6);
+    EXPECT_NEAR(view.centre().y, y, 1e-6);
+    // 0.3 degrees of latitude are about 33.3 km; the screen's corners reach a
+    // little further across the grid's convergence 1.65 degrees off the meridian.
+    EXPECT_GT(view.CurrentZoom(), 33.2f);
+    EXPECT_LT(view.CurrentZoom(), 34.5f);
+    double lon = 0;
+    double lat = 0;
+    ASSERT_TRUE(view.screenToGeographic(250, 250, lon, lat));
+    EXPECT_NEAR(lon, -70.65, 1e-9);
+    EXPECT_NEAR(lat, -33.45, 1e-9);
+}
+
+TEST(ViewportAlbers, TheBoxCentreIsTheProjectionsOrigin)
+{
+    Viewport view = sized(800, 600, 1);
+    ASSERT_TRUE(view.SetView(-125, 24, -66, 50));
+    EXPECT_NEAR(view.centre().x, 5000000, 1e-6);
+    EXPECT_NEAR(view.centre().y, 5000000, 1e-6);
+    // Curved parallels: the middle of the top edge reaches further north than its corners.
+    EXPECT_GT(view.viewBox().MaxY, 50);
+    EXPECT_LE(view.viewBox().MinX, -125);
+    EXPECT_GE(view.viewBox().MaxX, -66);
+}
+
+} // namespace
+
+namespace {
+
+// The projection code picks the projection the view goes through; a code
+// that names none leaves the map without a view.
+TEST(ViewportProjection, TheCodeSelectsTheProjection)
+{
+    struct Case {
+        int code;
+        bool shown;
+        // Whether the projected plane is in metres rather than degrees.
+        bool metres;
+    };
+    for (const Case& c : {Case{0, true, false}, Case{1, true, true}, Case{81, true, true}, Case{119, true, true},
+                          Case{2, false, false}, Case{200, false, false}}) {
+        Viewport view = sized(400, 300, c.code);
+        EXPECT_EQ(view.SetView(-70.75, -33.5, -70.5, -33.25), c.shown) << c.code;
+        EXPECT_EQ(view.viewReady(), c.shown) << c.code;
+        if (c.shown) {
+            EXPECT_EQ(std::abs(view.centre().x) > 1000, c.metres) << c.code;
+        }
+    }
+}
+
+} // namespace
