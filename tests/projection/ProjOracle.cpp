@@ -8,8 +8,8 @@
 
 namespace orbelan::test {
 
-ProjOracle::ProjOracle(const std::string& definition, double degreesPerRadian)
-    : degreesPerRadian_(degreesPerRadian), pj_(proj_create(PJ_DEFAULT_CTX, definition.c_str()))
+ProjOracle::ProjOracle(const std::string& definition)
+    : pj_(proj_create(PJ_DEFAULT_CTX, definition.c_str()))
 {
     if (pj_ == nullptr) {
         throw std::invalid_argument("PROJ refuses " + definition);
@@ -24,7 +24,7 @@ ProjOracle::~ProjOracle()
 // A bare PROJ operation takes radians.
 std::array<double, 2> ProjOracle::forward(double lon, double lat) const
 {
-    const PJ_COORD in = proj_coord(lon / degreesPerRadian_, lat / degreesPerRadian_, 0.0, 0.0);
+    const PJ_COORD in = proj_coord(ProjectionMath::ToRadians(lon), ProjectionMath::ToRadians(lat), 0.0, 0.0);
     const PJ_COORD out = proj_trans(pj_, PJ_FWD, in);
     if (proj_errno(pj_) != 0 || !std::isfinite(out.v[0])) {
         throw std::domain_error("PROJ cannot project the point");
@@ -32,10 +32,10 @@ std::array<double, 2> ProjOracle::forward(double lon, double lat) const
     return {out.v[0], out.v[1]};
 }
 
-std::string ProjOracle::Angle(double degrees, double degreesPerRadian)
+std::string ProjOracle::Angle(double degrees)
 {
     char text[32];
-    std::snprintf(text, sizeof text, "%.17g", degrees / degreesPerRadian * kTrueDegreesPerRadian);
+    std::snprintf(text, sizeof text, "%.17g", ProjectionMath::ToRadians(degrees) * kTrueDegreesPerRadian);
     return text;
 }
 

@@ -15,25 +15,23 @@ inline constexpr double kMajor = 6378137.0;
 inline constexpr double kMinor = 6356752.3142;
 inline constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 
-// PROJ as the reference. Angles are degrees of degreesPerRadian, by default
-// our own factor, so that PROJ works with the very radians our projections
-// do and only the formulas are compared; with 180/π it measures what a user
-// sees.
+// PROJ as the reference. Angles are degrees of our own factor, so that PROJ
+// works with the very radians our projections do and only the formulas are
+// compared.
 class ProjOracle {
 public:
     static constexpr double kTrueDegreesPerRadian = 57.29577951308232;
 
-    explicit ProjOracle(const std::string& definition, double degreesPerRadian = ProjectionMath::kDegreesPerRadian);
+    explicit ProjOracle(const std::string& definition);
     ~ProjOracle();
     ProjOracle(const ProjOracle&) = delete;
     ProjOracle& operator=(const ProjOracle&) = delete;
 
     std::array<double, 2> forward(double lon, double lat) const;
     // An angle of a definition, written so that PROJ reads the same radians.
-    static std::string Angle(double degrees, double degreesPerRadian = ProjectionMath::kDegreesPerRadian);
+    static std::string Angle(double degrees);
 
 private:
-    double degreesPerRadian_;
     PJconsts* pj_;
 };
 

@@ -65,13 +65,9 @@ void readGoldenPayload(DWBUffer& message)
     EXPECT_EQ(message.GetByte(), 7);
 }
 
-TEST(DWBUfferWriting, TypedPutsProduceTheWireLayout)
+TEST(DWBUfferWriting, TypedPutsProduceTheWireLayoutOfTheirExactLength)
 {
     EXPECT_EQ(goldenBuilt().buffer(), kGolden);
-}
-
-TEST(DWBUfferWriting, ShortMessagesHaveTheirExactLength)
-{
     DWBUffer header;
     header.CrearHeader();
     header.cerrarMensaje(0);
@@ -184,7 +180,7 @@ TEST(DWBUfferReading, ANegativeStringLengthIsAnError)
     }
 }
 
-TEST(DWBUfferReading, ABufferWithoutContentCannotBeRead)
+TEST(DWBUfferReading, ABufferWithoutContentOrSignatureCannotBeRead)
 {
     DWBUffer never;
     EXPECT_EQ(never.readPosition(), 0);
@@ -195,7 +191,7 @@ TEST(DWBUfferReading, ABufferWithoutContentCannotBeRead)
     EXPECT_FALSE(never.commandCode().has_value());
 }
 
-TEST(DWBUfferReading, GetFromBufferAtTheReadPositionAdvancesEvenWhenShort)
+TEST(DWBUfferReading, GetFromBufferAdvancesFromTheReadPositionEvenWhenShort)
 {
     DWBUffer message(kGolden);
     EXPECT_EQ(message.GetFromBuffer(4), (Bytes{'M', 'I', 'C', ' '}));
@@ -204,11 +200,9 @@ TEST(DWBUfferReading, GetFromBufferAtTheReadPositionAdvancesEvenWhenShort)
     EXPECT_EQ(message.readPosition(), 105);
     EXPECT_TRUE(message.GetFromBuffer(0).empty());
     EXPECT_EQ(message.readPosition(), 105);
-}
 
-TEST(DWBUfferReading, GetFromBufferAtAGivenStartLeavesTheReadPositionAlone)
-{
-    DWBUffer message(kGolden);
+    // At a given start the read position stays where it was.
+    message = DWBUffer(kGolden);
     EXPECT_EQ(message.GetFromBuffer(2, 9), (Bytes{109, 0}));
     EXPECT_EQ(message.GetFromBuffer(1, 45), (Bytes{7}));
     EXPECT_TRUE(message.GetFromBuffer(2, 45).empty());

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Bytes.h"
+
 #include <QObject>
 #include <QTcpServer>
 
@@ -12,8 +14,6 @@
 class QTcpSocket;
 
 namespace orbelan::nettest {
-
-using Bytes = std::vector<std::uint8_t>;
 
 // Generous: a limit for waits on loopback, never a timing.
 constexpr std::chrono::seconds kWaitLimit(20);

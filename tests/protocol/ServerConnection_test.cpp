@@ -1,5 +1,6 @@
 #include "ServerConnection.h"
 
+#include "Bytes.h"
 #include "LoopbackServer.h"
 
 #include <QScopedValueRollback>
@@ -35,20 +36,6 @@ Payload longs(std::initializer_list<std::int32_t> values)
             message.PutLong(value);
         }
     };
-}
-
-Bytes join(std::initializer_list<Bytes> parts)
-{
-    Bytes all;
-    for (const Bytes& part : parts) {
-        all.insert(all.end(), part.begin(), part.end());
-    }
-    return all;
-}
-
-Bytes slice(const Bytes& bytes, std::size_t from, std::size_t to)
-{
-    return {bytes.begin() + static_cast<std::ptrdiff_t>(from), bytes.begin() + static_cast<std::ptrdiff_t>(to)};
 }
 
 } // namespace

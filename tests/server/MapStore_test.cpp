@@ -38,6 +38,7 @@ TEST_F(MapStore, MapDefinitionHoldsLayersInDrawingOrderWithFieldsAndClasses)
     EXPECT_EQ(map->layers[0].labelBold, 1);
     const std::vector<messages::FieldRecord> fields = {{"USO", 202}, {"AREA", 5}};
     EXPECT_EQ(map->layers[1].fields, fields);
+    EXPECT_EQ(map->layers[1].thematicField, "USO");
     ASSERT_EQ(map->layers[1].classes.size(), 2u);
     EXPECT_EQ(map->layers[1].classes[1].minimum, "Residencial");
     EXPECT_FALSE(reader.mapDefinition(99));

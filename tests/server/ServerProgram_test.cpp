@@ -58,19 +58,33 @@ quint16 startServing(QProcess& server, const QString& store)
     return 0;
 }
 
-TEST(ServerProgram, DemoThenServeGivesAWholeMapToAWireClient)
+// demo, then user add and grant, then serve: a wire client gets the whole map
+// as user 1 and the granted level as the new user.
+TEST(ServerProgram, TheCommandsBuildAStoreThatServeGivesToWireClients)
 {
     QTemporaryDir dir;
     const QString store = dir.filePath(QStringLiteral("demo.sqlite"));
     const QByteArray storePath = store.toUtf8();
     const char* path = storePath.constData();
     ASSERT_EQ(runProgram({"demo", "--db", path, "--offline", "--data", path}).status, 0);
+    const ProgramRun added = runProgram({"user", "add", "--db", path, "--name", "maría"});
+    EXPECT_EQ(added.status, 0);
+    EXPECT_TRUE(added.output.contains(QStringLiteral("user 4 maría")));
+    EXPECT_EQ(runProgram({"user", "grant", "--db", path, "--user", "4", "--map", "1", "--level", "2"}).status, 0);
+    EXPECT_EQ(runProgram({"user", "grant", "--db", path, "--user", "4", "--map", "1", "--level", "9"}).status, 1);
+    EXPECT_EQ(runProgram({"nonsense"}).status, 1);
     QProcess server;
     const quint16 port = startServing(server, store);
     ASSERT_NE(port, 0);
 
     WireClient refused(port);
     EXPECT_FALSE(refused.ask<AccessAnswer>(AccessRequest{3, 1})->granted());
+    WireClient granted(port);
+    ASSERT_TRUE(granted.ask<AccessAnswer>(AccessRequest{4, 1})->granted());
+    const auto grantedLevels = granted.ask<LayerAccessLevels>(LayerAccessLevelsRequest{4, {101, 102, 103}});
+    ASSERT_TRUE(grantedLevels);
+    for (const auto& entry : grantedLevels->levels)
+        EXPECT_EQ(entry.level, 2);
 
     WireClient client(port);
     ASSERT_TRUE(client.ask<AccessAnswer>(AccessRequest{1, 1})->granted());
@@ -78,9 +92,8 @@ TEST(ServerProgram, DemoThenServeGivesAWholeMapToAWireClient)
     ASSERT_TRUE(map);
     EXPECT_EQ(map->name, "Santiago");
     LayerAccessLevelsRequest levelsRequest{1, {}};
-    for (const auto& layer : map->layers) {
+    for (const auto& layer : map->layers)
         levelsRequest.layers.push_back(layer.id);
-    }
     const auto levels = client.ask<LayerAccessLevels>(levelsRequest);
     ASSERT_TRUE(levels);
     ASSERT_EQ(levels->levels.size(), map->layers.size());
@@ -92,44 +105,10 @@ TEST(ServerProgram, DemoThenServeGivesAWholeMapToAWireClient)
     const auto cell = client.ask<CellGeometry>(CellGeometryRequest{streets.id, row, column});
     ASSERT_TRUE(cell);
     EXPECT_GT(cell->elements.size(), 10u);
-    const auto labels = client.ask<CellFieldValues>(
-        CellFieldValuesRequest{streets.id, row, column, streets.labelField});
+    const auto labels =
+        client.ask<CellFieldValues>(CellFieldValuesRequest{streets.id, row, column, streets.labelField});
     ASSERT_TRUE(labels);
     EXPECT_EQ(labels->references.size(), cell->elements.size());
-    server.kill();
-    server.waitForFinished();
-}
-
-TEST(ServerProgram, UsersAreAddedAndGrantedFromTheCommandLine)
-{
-    QTemporaryDir dir;
-    const QString store = dir.filePath(QStringLiteral("users.sqlite"));
-    const QByteArray storePath = store.toUtf8();
-    const char* path = storePath.constData();
-    ASSERT_EQ(runProgram({"demo", "--db", path, "--offline", "--data", path}).status, 0);
-    const ProgramRun added = runProgram({"user", "add", "--db", path, "--name", "maría"});
-    EXPECT_EQ(added.status, 0);
-    EXPECT_TRUE(added.output.contains(QStringLiteral("user 4 maría")));
-    EXPECT_EQ(
-        runProgram({"user", "grant", "--db", path, "--user", "4", "--map", "1", "--level", "2"})
-            .status,
-        0);
-    EXPECT_EQ(
-        runProgram({"user", "grant", "--db", path, "--user", "4", "--map", "1", "--level", "9"})
-            .status,
-        1);
-    EXPECT_EQ(runProgram({"nonsense"}).status, 1);
-
-    QProcess server;
-    const quint16 port = startServing(server, store);
-    ASSERT_NE(port, 0);
-    WireClient client(port);
-    ASSERT_TRUE(client.ask<AccessAnswer>(AccessRequest{4, 1})->granted());
-    const auto levels = client.ask<LayerAccessLevels>(LayerAccessLevelsRequest{4, {101, 102, 103}});
-    ASSERT_TRUE(levels);
-    for (const auto& entry : levels->levels) {
-        EXPECT_EQ(entry.level, 2);
-    }
     server.kill();
     server.waitForFinished();
 }

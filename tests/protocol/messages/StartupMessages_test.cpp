@@ -39,7 +39,7 @@ LayerRecord streetsLayer()
     layer.labelField = "STREET";
     layer.labelZoomMin = 0.5f;
     layer.labelZoomMax = 2.5f;
-    layer.labelVisibility = 1;
+    layer.labelVisibility = 2;
     layer.labelBold = 1;
     layer.labelColor = 0x808080;
     layer.thematicField = "USO";
@@ -79,57 +79,33 @@ TEST(StartupMessages, AccessRequestHasTheWireLayout)
     EXPECT_EQ(buildMessage(AccessRequest{3, 500}).buffer(), expected);
 }
 
+// Wire fields by type: Integer, Long, Single and String.
+struct Integer { std::int16_t value; };
+struct Long { std::int32_t value; };
+
+void put(DWBUffer& message, Integer field) { message.PutInteger(field.value); }
+void put(DWBUffer& message, Long field) { message.PutLong(field.value); }
+void put(DWBUffer& message, float field) { message.PutSingle(field); }
+void put(DWBUffer& message, const char* field) { message.PutString(field); }
+
 // The map definition written field by field in wire order, independently of
 // the encoder, reads back into the same record.
 TEST(StartupMessages, MapDefinitionReadsFieldsInWireOrder)
 {
     DWBUffer message;
     message.CrearHeader();
-    message.PutInteger(codeNumber(CommandCode::MapDefinition));
-    message.PutString("Santiago Año 1");
-    for (const float value : {-70.8f, -33.6f, -70.5f, -33.3f}) {
-        message.PutSingle(value);
-    }
-    message.PutLong(0xFFFFFF);
-    message.PutInteger(81);
-    message.PutInteger(1);
-    message.PutString("Calles");
-    message.PutLong(7);
-    message.PutInteger(2);
-    for (const std::int32_t bound : {11, 22, 33, 44}) {
-        message.PutLong(bound);
-    }
-    message.PutSingle(0.01f);
-    message.PutSingle(0.02f);
-    message.PutInteger(2);
-    message.PutSingle(5.0f);
-    message.PutSingle(1e37f);
-    message.PutLong(0x0000FF);
-    message.PutInteger(1);
-    message.PutInteger(3);
-    message.PutLong(0x00FF00);
-    message.PutInteger(6);
-    message.PutString("STREET");
-    message.PutSingle(0.5f);
-    message.PutSingle(2.5f);
-    message.PutInteger(1);
-    message.PutInteger(1);
-    message.PutLong(0x808080);
-    message.PutString("USO");
-    message.PutInteger(1);
-    message.PutInteger(2);
-    message.PutString("STREET");
-    message.PutInteger(202);
-    message.PutString("DIR");
-    message.PutInteger(2);
-    message.PutInteger(1);
-    message.PutString("Comercial");
-    message.PutString("Comercial");
-    message.PutLong(1);
-    message.PutInteger(2);
-    message.PutInteger(3);
-    message.PutLong(4);
-    message.PutInteger(5);
+    const auto fields = [&message](auto... values) { (put(message, values), ...); };
+    fields(Integer{codeNumber(CommandCode::MapDefinition)}, "Santiago Año 1", -70.8f, -33.6f, -70.5f, -33.3f,
+           Long{0xFFFFFF}, Integer{81}, Integer{1});
+    // The layer: name, id, type, grid bounds and deltas, visibility and zooms.
+    fields("Calles", Long{7}, Integer{2}, Long{11}, Long{22}, Long{33}, Long{44}, 0.01f, 0.02f, Integer{2}, 5.0f,
+           1e37f);
+    // Drawing, then the label, then the thematic field and type.
+    fields(Long{0x0000FF}, Integer{1}, Integer{3}, Long{0x00FF00}, Integer{6}, "STREET", 0.5f, 2.5f, Integer{2},
+           Integer{1}, Long{0x808080}, "USO", Integer{1});
+    // Two fields with their types, one class.
+    fields(Integer{2}, "STREET", Integer{202}, "DIR", Integer{2}, Integer{1}, "Comercial", "Comercial", Long{1},
+           Integer{2}, Integer{3}, Long{4}, Integer{5});
     message.cerrarMensaje(0);
 
     MapDefinition expected = santiagoLike();
