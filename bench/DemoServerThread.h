@@ -3,11 +3,11 @@
 // A demo map store in a temporary folder and orbelan-server serving it from a
 // thread of its own, for benchmarks that need a real server on loopback.
 
-#include "Database.h"
-#include "DemoBuilder.h"
-#include "MapReader.h"
-#include "MapServer.h"
-#include "ServerLog.h"
+#include "storage/Database.h"
+#include "demo/DemoBuilder.h"
+#include "storage/MapReader.h"
+#include "serving/MapServer.h"
+#include "serving/ServerLog.h"
 
 #include <QHostAddress>
 #include <QTemporaryDir>

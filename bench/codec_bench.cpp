@@ -1,8 +1,8 @@
 // Speed of the wire codec: cutting messages out of a chunked stream, and
 // building and reading a large message field by field.
 
-#include "DWBUffer.h"
-#include "MessageFramer.h"
+#include "protocol/DWBUffer.h"
+#include "protocol/MessageFramer.h"
 
 #include <benchmark/benchmark.h>
 

@@ -11,8 +11,8 @@
 // Each iteration makes its surface anew, so the fonts are made within the
 // timing, as in every redraw.
 
-#include "QtMapCanvas.h"
-#include "layer.h"
+#include "render/QtMapCanvas.h"
+#include "model/layer.h"
 
 #include <QImage>
 #include <QPalette>

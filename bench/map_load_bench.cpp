@@ -2,18 +2,18 @@
 // with the demo store, and a Viewer from its first show to the redraw that
 // follows the last cell. Also the parse of one reply 102 into entities.
 
-#include "CellGeometry.h"
-#include "CellGeometryLoader.h"
-#include "CellRequester.h"
+#include "protocol/messages/CellGeometry.h"
+#include "session/CellGeometryLoader.h"
+#include "session/CellRequester.h"
 #include "DemoServerThread.h"
-#include "LoadContext.h"
-#include "MapDocument.h"
-#include "MessageIO.h"
-#include "RequestSender.h"
-#include "ScriptedUiServices.h"
-#include "SessionEvents.h"
-#include "Viewer.h"
-#include "Viewport.h"
+#include "session/LoadContext.h"
+#include "model/MapDocument.h"
+#include "protocol/messages/MessageIO.h"
+#include "protocol/RequestSender.h"
+#include "ui/ScriptedUiServices.h"
+#include "session/SessionEvents.h"
+#include "viewer/Viewer.h"
+#include "view/Viewport.h"
 
 #include <benchmark/benchmark.h>
 

@@ -4,7 +4,7 @@
 // Memory figures read the kernel's accounting in /proc/self/status, so they
 // are reported on Linux only.
 
-#include "layer.h"
+#include "model/layer.h"
 
 #include <benchmark/benchmark.h>
 

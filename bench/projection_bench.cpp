@@ -3,10 +3,10 @@
 // definitions. After the usual table the program prints, for every pair, the
 // ratio of our time to PROJ's (below 1: ours is faster).
 
-#include "CAlbers.h"
-#include "CProjection.h"
-#include "CUTM.h"
-#include "ProjectionMath.h"
+#include "projection/CAlbers.h"
+#include "projection/CProjection.h"
+#include "projection/CUTM.h"
+#include "projection/ProjectionMath.h"
 
 #include <benchmark/benchmark.h>
 #include <proj.h>

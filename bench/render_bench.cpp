@@ -8,8 +8,8 @@
 // map is seen whole, 13 pixels zoomed); polygons are jagged rings of radius
 // 0.02 to 0.08 degrees.
 
-#include "QtMapCanvas.h"
-#include "layer.h"
+#include "render/QtMapCanvas.h"
+#include "model/layer.h"
 
 #include <QImage>
 #include <QPalette>

@@ -7,9 +7,9 @@
 // between the minimum and maximum length and declares its own size; and a
 // stream from which nothing was dropped is cut the same whatever its chunking.
 
-#include "DWBUffer.h"
-#include "MessageFramer.h"
-#include "WireReadError.h"
+#include "protocol/DWBUffer.h"
+#include "protocol/MessageFramer.h"
+#include "protocol/WireReadError.h"
 
 #include <cstdint>
 #include <cstdlib>

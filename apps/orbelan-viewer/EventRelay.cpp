@@ -1,4 +1,4 @@
-#include "EventRelay.h"
+#include "orbelan-viewer/EventRelay.h"
 
 namespace orbelan {
 

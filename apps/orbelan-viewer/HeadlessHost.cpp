@@ -1,12 +1,12 @@
-#include "HeadlessHost.h"
+#include "orbelan-viewer/HeadlessHost.h"
 
-#include "EventRelay.h"
-#include "InputCodes.h"
-#include "LineFormat.h"
-#include "ScriptedUiServices.h"
-#include "Layers.h"
-#include "Viewer.h"
-#include "Viewport.h"
+#include "orbelan-viewer/EventRelay.h"
+#include "viewer/InputCodes.h"
+#include "orbelan-viewer/LineFormat.h"
+#include "ui/ScriptedUiServices.h"
+#include "model/Layers.h"
+#include "viewer/Viewer.h"
+#include "view/Viewport.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>

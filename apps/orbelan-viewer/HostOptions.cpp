@@ -1,4 +1,4 @@
-#include "HostOptions.h"
+#include "orbelan-viewer/HostOptions.h"
 
 #include <QCommandLineParser>
 #include <QRegularExpression>

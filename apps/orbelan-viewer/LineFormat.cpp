@@ -1,4 +1,4 @@
-#include "LineFormat.h"
+#include "orbelan-viewer/LineFormat.h"
 
 #include <QSequentialIterable>
 

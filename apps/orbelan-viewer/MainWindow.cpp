@@ -1,8 +1,8 @@
-#include "MainWindow.h"
+#include "orbelan-viewer/MainWindow.h"
 
-#include "EventRelay.h"
-#include "LineFormat.h"
-#include "Viewer.h"
+#include "orbelan-viewer/EventRelay.h"
+#include "orbelan-viewer/LineFormat.h"
+#include "viewer/Viewer.h"
 
 #include <QMenuBar>
 #include <QMetaMethod>

@@ -1,12 +1,12 @@
 // orbelan-viewer: a window around one Viewer, or, with --headless, the same
 // control driven by commands for scripts and end-to-end tests.
 
-#include "HeadlessHost.h"
-#include "HostOptions.h"
-#include "MainWindow.h"
-#include "ScriptedUiServices.h"
-#include "SettingsPropertyBag.h"
-#include "Viewer.h"
+#include "orbelan-viewer/HeadlessHost.h"
+#include "orbelan-viewer/HostOptions.h"
+#include "orbelan-viewer/MainWindow.h"
+#include "ui/ScriptedUiServices.h"
+#include "viewer/SettingsPropertyBag.h"
+#include "viewer/Viewer.h"
 
 #include <QApplication>
 #include <QSettings>

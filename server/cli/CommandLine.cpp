@@ -1,9 +1,9 @@
-#include "CommandLine.h"
+#include "cli/CommandLine.h"
 
-#include "DemoCommand.h"
-#include "ImportCommand.h"
-#include "ServeCommand.h"
-#include "UserCommand.h"
+#include "cli/DemoCommand.h"
+#include "cli/ImportCommand.h"
+#include "cli/ServeCommand.h"
+#include "cli/UserCommand.h"
 
 #include <iostream>
 #include <stdexcept>

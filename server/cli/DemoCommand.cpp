@@ -1,10 +1,10 @@
-#include "DemoCommand.h"
+#include "cli/DemoCommand.h"
 
-#include "Database.h"
-#include "DemoBuilder.h"
-#include "OptionValues.h"
+#include "storage/Database.h"
+#include "demo/DemoBuilder.h"
+#include "cli/OptionValues.h"
 
-#include "DemoData.h"
+#include "demo/DemoData.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

@@ -1,8 +1,8 @@
-#include "ImportCommand.h"
+#include "cli/ImportCommand.h"
 
-#include "Database.h"
-#include "LayerImporter.h"
-#include "OptionValues.h"
+#include "storage/Database.h"
+#include "import/LayerImporter.h"
+#include "cli/OptionValues.h"
 
 #include <QCommandLineParser>
 

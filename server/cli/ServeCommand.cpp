@@ -1,10 +1,10 @@
-#include "ServeCommand.h"
+#include "cli/ServeCommand.h"
 
-#include "Database.h"
-#include "MapReader.h"
-#include "MapServer.h"
-#include "OptionValues.h"
-#include "ServerLog.h"
+#include "storage/Database.h"
+#include "storage/MapReader.h"
+#include "serving/MapServer.h"
+#include "cli/OptionValues.h"
+#include "serving/ServerLog.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

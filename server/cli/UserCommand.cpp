@@ -1,8 +1,8 @@
-#include "UserCommand.h"
+#include "cli/UserCommand.h"
 
-#include "Database.h"
-#include "MapWriter.h"
-#include "OptionValues.h"
+#include "storage/Database.h"
+#include "storage/MapWriter.h"
+#include "cli/OptionValues.h"
 
 #include <QCommandLineParser>
 

@@ -1,9 +1,9 @@
-#include "DemoBuilder.h"
+#include "demo/DemoBuilder.h"
 
-#include "DemoData.h"
-#include "LayerImporter.h"
-#include "MapWriter.h"
-#include "SantiagoGenerator.h"
+#include "demo/DemoData.h"
+#include "import/LayerImporter.h"
+#include "storage/MapWriter.h"
+#include "demo/SantiagoGenerator.h"
 
 namespace orbelan::server {
 

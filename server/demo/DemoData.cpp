@@ -1,4 +1,4 @@
-#include "DemoData.h"
+#include "demo/DemoData.h"
 
 #include <QDir>
 #include <QFileInfo>

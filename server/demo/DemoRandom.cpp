@@ -1,4 +1,4 @@
-#include "DemoRandom.h"
+#include "demo/DemoRandom.h"
 
 namespace orbelan::server {
 

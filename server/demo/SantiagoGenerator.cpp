@@ -1,7 +1,7 @@
-#include "SantiagoGenerator.h"
+#include "demo/SantiagoGenerator.h"
 
-#include "FieldTypes.h"
-#include "SantiagoNames.h"
+#include "model/FieldTypes.h"
+#include "demo/SantiagoNames.h"
 
 #include <cmath>
 #include <map>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "DemoRandom.h"
-#include "MapWriter.h"
-#include "SantiagoGrid.h"
+#include "demo/DemoRandom.h"
+#include "storage/MapWriter.h"
+#include "demo/SantiagoGrid.h"
 
 #include <cstddef>
 #include <cstdint>

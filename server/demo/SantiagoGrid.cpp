@@ -1,4 +1,4 @@
-#include "SantiagoGrid.h"
+#include "demo/SantiagoGrid.h"
 
 namespace orbelan::server {
 

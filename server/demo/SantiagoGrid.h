@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CellElement.h"
-#include "DemoRandom.h"
+#include "protocol/messages/CellElement.h"
+#include "demo/DemoRandom.h"
 
 #include <vector>
 

@@ -1,4 +1,4 @@
-#include "SantiagoNames.h"
+#include "demo/SantiagoNames.h"
 
 #include <array>
 

@@ -1,4 +1,4 @@
-#include "Extent.h"
+#include "grid/Extent.h"
 
 #include <algorithm>
 #include <stdexcept>

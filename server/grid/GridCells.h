@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Extent.h"
+#include "grid/Extent.h"
 
 #include <cstddef>
 #include <cstdint>

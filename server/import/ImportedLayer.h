@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Extent.h"
-#include "FieldRecord.h"
-#include "StoredElement.h"
+#include "grid/Extent.h"
+#include "protocol/messages/FieldRecord.h"
+#include "storage/StoredElement.h"
 
 #include <cstddef>
 #include <cstdint>

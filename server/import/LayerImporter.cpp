@@ -1,9 +1,9 @@
-#include "LayerImporter.h"
+#include "import/LayerImporter.h"
 
-#include "AttributeTable.h"
-#include "GridCells.h"
-#include "MapWriter.h"
-#include "OgrSource.h"
+#include "storage/AttributeTable.h"
+#include "grid/GridCells.h"
+#include "storage/MapWriter.h"
+#include "import/OgrSource.h"
 
 #include <algorithm>
 #include <array>

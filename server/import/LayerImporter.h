@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Database.h"
-#include "ImportOptions.h"
-#include "ImportedLayer.h"
-#include "LayerRecord.h"
+#include "storage/Database.h"
+#include "import/ImportOptions.h"
+#include "import/ImportedLayer.h"
+#include "protocol/messages/LayerRecord.h"
 
 #include <cstddef>
 #include <cstdint>

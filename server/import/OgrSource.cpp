@@ -1,6 +1,6 @@
-#include "OgrSource.h"
+#include "import/OgrSource.h"
 
-#include "FieldTypes.h"
+#include "model/FieldTypes.h"
 
 #include <gdal_priv.h>
 #include <ogr_spatialref.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ImportedLayer.h"
+#include "import/ImportedLayer.h"
 
 #include <QString>
 

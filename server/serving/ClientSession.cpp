@@ -1,4 +1,4 @@
-#include "ClientSession.h"
+#include "serving/ClientSession.h"
 
 #include <QByteArray>
 #include <QMetaObject>

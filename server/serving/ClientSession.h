@@ -1,9 +1,9 @@
 #pragma once
 
-#include "MessageFramer.h"
-#include "RequestHandler.h"
-#include "ServerLog.h"
-#include "SessionState.h"
+#include "protocol/MessageFramer.h"
+#include "serving/RequestHandler.h"
+#include "serving/ServerLog.h"
+#include "serving/SessionState.h"
 
 #include <QObject>
 #include <QTcpSocket>

@@ -1,6 +1,6 @@
-#include "MapServer.h"
+#include "serving/MapServer.h"
 
-#include "ClientSession.h"
+#include "serving/ClientSession.h"
 
 namespace orbelan::server {
 

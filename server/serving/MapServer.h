@@ -1,8 +1,8 @@
 #pragma once
 
-#include "MapReader.h"
-#include "RequestHandler.h"
-#include "ServerLog.h"
+#include "storage/MapReader.h"
+#include "serving/RequestHandler.h"
+#include "serving/ServerLog.h"
 
 #include <QHostAddress>
 #include <QObject>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "CellReplyCache.h"
-#include "DWBUffer.h"
-#include "HandlerOutcome.h"
-#include "MapReader.h"
-#include "SessionState.h"
+#include "serving/CellReplyCache.h"
+#include "protocol/DWBUffer.h"
+#include "serving/HandlerOutcome.h"
+#include "storage/MapReader.h"
+#include "serving/SessionState.h"
 
 #include <cstdint>
 #include <functional>

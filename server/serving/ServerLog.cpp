@@ -1,4 +1,4 @@
-#include "ServerLog.h"
+#include "serving/ServerLog.h"
 
 #include <QDateTime>
 

@@ -1,4 +1,4 @@
-#include "AttributeTable.h"
+#include "storage/AttributeTable.h"
 
 #include <QLocale>
 #include <QStringList>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FieldRecord.h"
+#include "protocol/messages/FieldRecord.h"
 
 #include <QString>
 #include <QVariant>

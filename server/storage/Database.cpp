@@ -1,7 +1,7 @@
-#include "Database.h"
+#include "storage/Database.h"
 
-#include "Schema.h"
-#include "StorageError.h"
+#include "storage/Schema.h"
+#include "storage/StorageError.h"
 
 #include <QSqlError>
 

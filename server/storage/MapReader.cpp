@@ -1,7 +1,7 @@
-#include "MapReader.h"
+#include "storage/MapReader.h"
 
-#include "AttributeTable.h"
-#include "VertexBlob.h"
+#include "storage/AttributeTable.h"
+#include "storage/VertexBlob.h"
 
 #include <QVariant>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "CellElement.h"
-#include "Database.h"
-#include "MapDefinition.h"
+#include "protocol/messages/CellElement.h"
+#include "storage/Database.h"
+#include "protocol/messages/MapDefinition.h"
 
 #include <QSqlQuery>
 #include <QString>

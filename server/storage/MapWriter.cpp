@@ -1,8 +1,8 @@
-#include "MapWriter.h"
+#include "storage/MapWriter.h"
 
-#include "AttributeTable.h"
-#include "StorageError.h"
-#include "VertexBlob.h"
+#include "storage/AttributeTable.h"
+#include "storage/StorageError.h"
+#include "storage/VertexBlob.h"
 
 #include <QSqlQuery>
 #include <QVariant>

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "Database.h"
-#include "GridCells.h"
-#include "MapDefinition.h"
-#include "StoredElement.h"
+#include "storage/Database.h"
+#include "grid/GridCells.h"
+#include "protocol/messages/MapDefinition.h"
+#include "storage/StoredElement.h"
 
 #include <QSqlQuery>
 #include <QString>

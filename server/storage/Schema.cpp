@@ -1,4 +1,4 @@
-#include "Schema.h"
+#include "storage/Schema.h"
 
 namespace orbelan::server {
 

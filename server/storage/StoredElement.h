@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CellElement.h"
+#include "protocol/messages/CellElement.h"
 
 #include <QVariant>
 

@@ -1,7 +1,7 @@
-#include "VertexBlob.h"
+#include "storage/VertexBlob.h"
 
-#include "StorageError.h"
-#include "wsckfunciones.h"
+#include "storage/StorageError.h"
+#include "protocol/WireValues.h"
 
 #include <span>
 
@@ -19,7 +19,7 @@ QByteArray VertexBlob::pack(const std::vector<messages::WirePoint>& points)
     blob.reserve(static_cast<qsizetype>(points.size()) * kPairSize);
     for (const messages::WirePoint& point : points) {
         for (const double value : {point.x, point.y}) {
-            const auto bytes = wsckfunciones::DoubleToBytes(value);
+            const auto bytes = wirevalues::DoubleToBytes(value);
             blob.append(reinterpret_cast<const char*>(bytes.data()), qsizetype(bytes.size()));
         }
     }
@@ -38,7 +38,7 @@ std::vector<messages::WirePoint> VertexBlob::unpack(const QByteArray& blob)
     points.reserve(bytes.size() / kPairSize);
     for (std::size_t at = 0; at < bytes.size(); at += kPairSize) {
         points.push_back(
-            {wsckfunciones::BytesToDouble(bytes, at), wsckfunciones::BytesToDouble(bytes, at + 8)});
+            {wirevalues::BytesToDouble(bytes, at), wirevalues::BytesToDouble(bytes, at + 8)});
     }
     return points;
 }

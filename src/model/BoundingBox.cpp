@@ -1,4 +1,4 @@
-#include "BoundingBox.h"
+#include "model/BoundingBox.h"
 
 namespace orbelan {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CONSTACCESSLEVEL.h"
+#include "model/CONSTACCESSLEVEL.h"
 
 #include <cstdint>
 #include <string>

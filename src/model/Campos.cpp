@@ -1,4 +1,4 @@
-#include "Campos.h"
+#include "model/Campos.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Campo.h"
-#include "KeyedCollection.h"
+#include "model/Campo.h"
+#include "model/KeyedCollection.h"
 
 #include <cstdint>
 #include <string>

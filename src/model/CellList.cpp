@@ -1,4 +1,4 @@
-#include "CellList.h"
+#include "model/CellList.h"
 
 #include <algorithm>
 

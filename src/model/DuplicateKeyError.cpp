@@ -1,4 +1,4 @@
-#include "DuplicateKeyError.h"
+#include "model/DuplicateKeyError.h"
 
 namespace orbelan {
 

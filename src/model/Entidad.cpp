@@ -1,8 +1,8 @@
-#include "Entidad.h"
+#include "model/Entidad.h"
 
-#include "MapCanvas.h"
-#include "Theme.h"
-#include "layer.h"
+#include "model/MapCanvas.h"
+#include "model/Theme.h"
+#include "model/layer.h"
 
 #include <algorithm>
 #include <cmath>

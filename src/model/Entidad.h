@@ -1,11 +1,11 @@
 #pragma once
 
-#include "BoundingBox.h"
-#include "ScreenPoint.h"
-#include "SegmentMatch.h"
-#include "TipoLayer.h"
-#include "Vertex.h"
-#include "VertexMatch.h"
+#include "model/BoundingBox.h"
+#include "model/ScreenPoint.h"
+#include "model/SegmentMatch.h"
+#include "model/TipoLayer.h"
+#include "model/Vertex.h"
+#include "model/VertexMatch.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "Entidades.h"
+#include "model/Entidades.h"
 
 #include <memory>
 #include <utility>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "Entidad.h"
-#include "KeyedCollection.h"
-#include "Vertex.h"
+#include "model/Entidad.h"
+#include "model/KeyedCollection.h"
+#include "model/Vertex.h"
 
 #include <cstdint>
 #include <span>

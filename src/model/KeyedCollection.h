@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DuplicateKeyError.h"
+#include "model/DuplicateKeyError.h"
 
 #include <bit>
 #include <charconv>

@@ -1,4 +1,4 @@
-#include "Labels.h"
+#include "model/Labels.h"
 
 #include <memory>
 #include <utility>

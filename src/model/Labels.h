@@ -1,7 +1,7 @@
 #pragma once
 
-#include "Dictionary.h"
-#include "KeyedCollection.h"
+#include "model/Dictionary.h"
+#include "model/KeyedCollection.h"
 
 #include <cstdint>
 #include <string>

@@ -1,4 +1,4 @@
-#include "Layers.h"
+#include "model/Layers.h"
 
 #include <memory>
 #include <stdexcept>

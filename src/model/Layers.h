@@ -1,9 +1,9 @@
 #pragma once
 
-#include "KeyedCollection.h"
-#include "ParentMap.h"
-#include "TipoLayer.h"
-#include "layer.h"
+#include "model/KeyedCollection.h"
+#include "model/ParentMap.h"
+#include "model/TipoLayer.h"
+#include "model/layer.h"
 
 #include <cstdint>
 #include <string>

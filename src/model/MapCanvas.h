@@ -1,9 +1,9 @@
 #pragma once
 
-#include "BoundingBox.h"
-#include "ScreenPoint.h"
-#include "Theme.h"
-#include "Vertex.h"
+#include "model/BoundingBox.h"
+#include "model/ScreenPoint.h"
+#include "model/Theme.h"
+#include "model/Vertex.h"
 
 #include <cstdint>
 #include <span>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "BoundingBox.h"
-#include "Layers.h"
-#include "ParentMap.h"
+#include "model/BoundingBox.h"
+#include "model/Layers.h"
+#include "model/ParentMap.h"
 
 #include <cstdint>
 #include <string>

@@ -1,4 +1,4 @@
-#include "ThematicMap.h"
+#include "model/ThematicMap.h"
 
 #include <memory>
 #include <utility>

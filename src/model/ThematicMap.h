@@ -1,7 +1,7 @@
 #pragma once
 
-#include "KeyedCollection.h"
-#include "Theme.h"
+#include "model/KeyedCollection.h"
+#include "model/Theme.h"
 
 #include <cstdint>
 #include <string>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Vertex.h"
+#include "model/Vertex.h"
 
 namespace orbelan {
 

@@ -1,8 +1,8 @@
-#include "layer.h"
+#include "model/layer.h"
 
-#include "FieldType.h"
-#include "LeadingNumber.h"
-#include "MapCanvas.h"
+#include "model/FieldTypes.h"
+#include "model/LeadingNumber.h"
+#include "model/MapCanvas.h"
 
 #include <algorithm>
 #include <array>

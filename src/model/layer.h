@@ -1,17 +1,17 @@
 #pragma once
 
-#include "BoundingBox.h"
-#include "CONSTACCESSLEVEL.h"
-#include "Campos.h"
-#include "CellList.h"
-#include "Entidades.h"
-#include "GridCell.h"
-#include "Labels.h"
-#include "ParentMap.h"
-#include "SegmentMatch.h"
-#include "ThematicMap.h"
-#include "TipoLayer.h"
-#include "VertexMatch.h"
+#include "model/BoundingBox.h"
+#include "model/CONSTACCESSLEVEL.h"
+#include "model/Campos.h"
+#include "model/CellList.h"
+#include "model/Entidades.h"
+#include "model/GridCell.h"
+#include "model/Labels.h"
+#include "model/ParentMap.h"
+#include "model/SegmentMatch.h"
+#include "model/ThematicMap.h"
+#include "model/TipoLayer.h"
+#include "model/VertexMatch.h"
 
 #include <cstdint>
 #include <span>

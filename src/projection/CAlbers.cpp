@@ -1,6 +1,6 @@
-#include "CAlbers.h"
+#include "projection/CAlbers.h"
 
-#include "ProjectionMath.h"
+#include "projection/ProjectionMath.h"
 
 #include <algorithm>
 #include <cmath>

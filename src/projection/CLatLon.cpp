@@ -1,6 +1,6 @@
-#include "CLatLon.h"
+#include "projection/CLatLon.h"
 
-#include "ProjectionMath.h"
+#include "projection/ProjectionMath.h"
 
 namespace orbelan {
 

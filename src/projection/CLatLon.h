@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CProjection.h"
+#include "projection/CProjection.h"
 
 namespace orbelan {
 

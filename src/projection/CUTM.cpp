@@ -1,6 +1,6 @@
-#include "CUTM.h"
+#include "projection/CUTM.h"
 
-#include "ProjectionMath.h"
+#include "projection/ProjectionMath.h"
 
 #include <cmath>
 #include <optional>

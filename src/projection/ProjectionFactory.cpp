@@ -1,8 +1,8 @@
-#include "ProjectionFactory.h"
+#include "projection/ProjectionFactory.h"
 
-#include "CAlbers.h"
-#include "CLatLon.h"
-#include "CUTM.h"
+#include "projection/CAlbers.h"
+#include "projection/CLatLon.h"
+#include "projection/CUTM.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "ProjectionMath.h"
+#include "projection/ProjectionMath.h"
 
 #include <algorithm>
 #include <cmath>

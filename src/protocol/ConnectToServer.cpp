@@ -1,6 +1,6 @@
-#include "ConnectToServer.h"
+#include "protocol/ConnectToServer.h"
 
-#include "Socket.h"
+#include "protocol/Socket.h"
 
 #include <QElapsedTimer>
 #include <QEventLoop>

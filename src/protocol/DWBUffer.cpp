@@ -1,14 +1,14 @@
-#include "DWBUffer.h"
+#include "protocol/DWBUffer.h"
 
-#include "WireReadError.h"
-#include "wsckfunciones.h"
+#include "protocol/WireReadError.h"
+#include "protocol/WireValues.h"
 
 #include <limits>
 #include <stdexcept>
 
 namespace orbelan {
 
-using namespace wsckfunciones;
+using namespace wirevalues;
 
 namespace {
 

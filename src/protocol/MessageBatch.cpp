@@ -1,4 +1,4 @@
-#include "MessageBatch.h"
+#include "protocol/MessageBatch.h"
 
 namespace orbelan {
 

@@ -1,6 +1,6 @@
-#include "MessageFramer.h"
+#include "protocol/MessageFramer.h"
 
-#include "numcvt.h"
+#include "protocol/numcvt.h"
 
 #include <algorithm>
 #include <array>

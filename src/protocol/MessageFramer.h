@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MessageBatch.h"
+#include "protocol/MessageBatch.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,7 +1,7 @@
-#include "ServerConnection.h"
+#include "protocol/ServerConnection.h"
 
-#include "ConnectToServer.h"
-#include "WireReadError.h"
+#include "protocol/ConnectToServer.h"
+#include "protocol/WireReadError.h"
 
 #include <QScopedValueRollback>
 

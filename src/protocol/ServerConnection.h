@@ -1,10 +1,10 @@
 #pragma once
 
-#include "CommandCatalogue.h"
-#include "DWBUffer.h"
-#include "MessageFramer.h"
-#include "RequestSender.h"
-#include "Socket.h"
+#include "protocol/CommandCatalogue.h"
+#include "protocol/DWBUffer.h"
+#include "protocol/MessageFramer.h"
+#include "protocol/RequestSender.h"
+#include "protocol/Socket.h"
 
 #include <QObject>
 #include <QString>

@@ -1,4 +1,4 @@
-#include "WireReadError.h"
+#include "protocol/WireReadError.h"
 
 namespace orbelan {
 

@@ -1,4 +1,4 @@
-#include "DirectionMark.h"
+#include "render/DirectionMark.h"
 
 #include <cmath>
 #include <numbers>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ScreenPoint.h"
+#include "model/ScreenPoint.h"
 
 #include <QPointF>
 

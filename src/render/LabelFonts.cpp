@@ -1,4 +1,4 @@
-#include "LabelFonts.h"
+#include "render/LabelFonts.h"
 
 #include <QFontMetricsF>
 #include <QList>

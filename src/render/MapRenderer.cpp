@@ -1,9 +1,9 @@
-#include "MapRenderer.h"
+#include "render/MapRenderer.h"
 
-#include "MapDocument.h"
-#include "OleColor.h"
-#include "QtMapCanvas.h"
-#include "Viewport.h"
+#include "model/MapDocument.h"
+#include "render/OleColor.h"
+#include "render/QtMapCanvas.h"
+#include "view/Viewport.h"
 
 #include <QImage>
 

@@ -1,4 +1,4 @@
-#include "OleColor.h"
+#include "render/OleColor.h"
 
 #include <array>
 

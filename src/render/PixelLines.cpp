@@ -1,4 +1,4 @@
-#include "PixelLines.h"
+#include "render/PixelLines.h"
 
 #include <cstdlib>
 

@@ -1,8 +1,8 @@
-#include "QtMapCanvas.h"
+#include "render/QtMapCanvas.h"
 
-#include "DirectionMark.h"
-#include "OleColor.h"
-#include "RotatedTextStart.h"
+#include "render/DirectionMark.h"
+#include "render/OleColor.h"
+#include "render/RotatedTextStart.h"
 
 #include <algorithm>
 #include <array>

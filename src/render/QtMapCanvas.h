@@ -1,10 +1,10 @@
 #pragma once
 
-#include "LabelFonts.h"
-#include "MapCanvas.h"
-#include "PixelLines.h"
-#include "TurnedLabels.h"
-#include "Viewport.h"
+#include "render/LabelFonts.h"
+#include "model/MapCanvas.h"
+#include "render/PixelLines.h"
+#include "render/TurnedLabels.h"
+#include "view/Viewport.h"
 
 #include <QBrush>
 #include <QFont>

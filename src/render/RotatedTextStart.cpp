@@ -1,4 +1,4 @@
-#include "RotatedTextStart.h"
+#include "render/RotatedTextStart.h"
 
 #include <cmath>
 

@@ -1,4 +1,4 @@
-#include "TurnedLabels.h"
+#include "render/TurnedLabels.h"
 
 #include <QTransform>
 

@@ -1,13 +1,13 @@
-#include "AccessLoader.h"
+#include "session/AccessLoader.h"
 
-#include "AccessAnswer.h"
-#include "LayerAccessLevels.h"
-#include "LoadContext.h"
-#include "MapDefinitionRequest.h"
-#include "MapDocument.h"
-#include "RequestSender.h"
-#include "SessionEvents.h"
-#include "UiServices.h"
+#include "protocol/messages/AccessAnswer.h"
+#include "protocol/messages/LayerAccessLevels.h"
+#include "session/LoadContext.h"
+#include "protocol/messages/MapDefinitionRequest.h"
+#include "model/MapDocument.h"
+#include "protocol/RequestSender.h"
+#include "session/SessionEvents.h"
+#include "ui/UiServices.h"
 
 namespace orbelan {
 

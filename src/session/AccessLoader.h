@@ -1,6 +1,6 @@
 #pragma once
 
-#include "DWBUffer.h"
+#include "protocol/DWBUffer.h"
 
 namespace orbelan {
 

@@ -1,13 +1,13 @@
-#include "CellFieldValuesLoader.h"
+#include "session/CellFieldValuesLoader.h"
 
-#include "CellFieldValues.h"
-#include "LoadContext.h"
-#include "MapDocument.h"
-#include "SessionEvents.h"
-#include "StatusList.h"
-#include "TextCompare.h"
-#include "UiServices.h"
-#include "WireReadError.h"
+#include "protocol/messages/CellFieldValues.h"
+#include "session/LoadContext.h"
+#include "model/MapDocument.h"
+#include "session/SessionEvents.h"
+#include "session/StatusList.h"
+#include "session/TextCompare.h"
+#include "ui/UiServices.h"
+#include "protocol/WireReadError.h"
 
 #include <QString>
 

@@ -1,12 +1,12 @@
-#include "CellGeometryLoader.h"
+#include "session/CellGeometryLoader.h"
 
-#include "CellGeometry.h"
-#include "CellRequester.h"
-#include "LoadContext.h"
-#include "MapDocument.h"
-#include "SessionEvents.h"
-#include "StatusList.h"
-#include "Vertex.h"
+#include "protocol/messages/CellGeometry.h"
+#include "session/CellRequester.h"
+#include "session/LoadContext.h"
+#include "model/MapDocument.h"
+#include "session/SessionEvents.h"
+#include "session/StatusList.h"
+#include "model/Vertex.h"
 
 #include <QString>
 

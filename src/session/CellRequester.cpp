@@ -1,13 +1,13 @@
-#include "CellRequester.h"
+#include "session/CellRequester.h"
 
-#include "CellFieldValuesRequest.h"
-#include "CellGeometryRequest.h"
-#include "MapDocument.h"
-#include "RequestSender.h"
-#include "SessionEvents.h"
-#include "StatusList.h"
-#include "TextCompare.h"
-#include "Viewport.h"
+#include "protocol/messages/CellFieldValuesRequest.h"
+#include "protocol/messages/CellGeometryRequest.h"
+#include "model/MapDocument.h"
+#include "protocol/RequestSender.h"
+#include "session/SessionEvents.h"
+#include "session/StatusList.h"
+#include "session/TextCompare.h"
+#include "view/Viewport.h"
 
 #include <exception>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "GridCell.h"
+#include "model/GridCell.h"
 
 #include <cstdint>
 #include <string>

@@ -1,15 +1,15 @@
-#include "CommandDispatcher.h"
+#include "session/CommandDispatcher.h"
 
-#include "AccessLoader.h"
-#include "CellFieldValuesLoader.h"
-#include "CellGeometryLoader.h"
-#include "LayerDefinitionLoader.h"
-#include "MapDefinitionLoader.h"
-#include "MessageIO.h"
-#include "RequestSender.h"
-#include "SessionEvents.h"
-#include "UiServices.h"
-#include "WireReadError.h"
+#include "session/AccessLoader.h"
+#include "session/CellFieldValuesLoader.h"
+#include "session/CellGeometryLoader.h"
+#include "session/LayerDefinitionLoader.h"
+#include "session/MapDefinitionLoader.h"
+#include "protocol/messages/MessageIO.h"
+#include "protocol/RequestSender.h"
+#include "session/SessionEvents.h"
+#include "ui/UiServices.h"
+#include "protocol/WireReadError.h"
 
 #include <algorithm>
 #include <array>

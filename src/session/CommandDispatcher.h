@@ -1,7 +1,7 @@
 #pragma once
 
-#include "DWBUffer.h"
-#include "LoadContext.h"
+#include "protocol/DWBUffer.h"
+#include "session/LoadContext.h"
 
 namespace orbelan {
 

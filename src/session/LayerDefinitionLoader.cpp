@@ -1,9 +1,9 @@
-#include "LayerDefinitionLoader.h"
+#include "session/LayerDefinitionLoader.h"
 
-#include "FieldDefinition.h"
-#include "LoadContext.h"
-#include "MapDocument.h"
-#include "ThematicClasses.h"
+#include "protocol/messages/FieldDefinition.h"
+#include "session/LoadContext.h"
+#include "model/MapDocument.h"
+#include "protocol/messages/ThematicClasses.h"
 
 namespace orbelan {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "DWBUffer.h"
-#include "ThematicClassRecord.h"
+#include "protocol/DWBUffer.h"
+#include "protocol/messages/ThematicClassRecord.h"
 
 namespace orbelan {
 

@@ -1,14 +1,14 @@
-#include "MapDefinitionLoader.h"
+#include "session/MapDefinitionLoader.h"
 
-#include "LayerAccessLevelsRequest.h"
-#include "LayerDefinitionLoader.h"
-#include "LoadContext.h"
-#include "MapDefinition.h"
-#include "MapDocument.h"
-#include "RequestSender.h"
-#include "SessionEvents.h"
-#include "StatusList.h"
-#include "TextCompare.h"
+#include "protocol/messages/LayerAccessLevelsRequest.h"
+#include "session/LayerDefinitionLoader.h"
+#include "session/LoadContext.h"
+#include "protocol/messages/MapDefinition.h"
+#include "model/MapDocument.h"
+#include "protocol/RequestSender.h"
+#include "session/SessionEvents.h"
+#include "session/StatusList.h"
+#include "session/TextCompare.h"
 
 #include <cstdint>
 #include <vector>

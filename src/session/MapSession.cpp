@@ -1,10 +1,10 @@
-#include "MapSession.h"
+#include "session/MapSession.h"
 
-#include "AccessRequest.h"
-#include "CommandDispatcher.h"
-#include "MapDocument.h"
-#include "SessionEvents.h"
-#include "UiServices.h"
+#include "protocol/messages/AccessRequest.h"
+#include "session/CommandDispatcher.h"
+#include "model/MapDocument.h"
+#include "session/SessionEvents.h"
+#include "ui/UiServices.h"
 
 namespace orbelan {
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "CellRequester.h"
-#include "ServerConnection.h"
-#include "StatusList.h"
+#include "session/CellRequester.h"
+#include "protocol/ServerConnection.h"
+#include "session/StatusList.h"
 
 namespace orbelan {
 

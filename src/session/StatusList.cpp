@@ -1,4 +1,4 @@
-#include "StatusList.h"
+#include "session/StatusList.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "UiServices.h"
+#include "ui/UiServices.h"
 
 #include <algorithm>
 #include <array>

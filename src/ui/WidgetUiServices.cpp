@@ -1,4 +1,4 @@
-#include "WidgetUiServices.h"
+#include "ui/WidgetUiServices.h"
 
 #include <QDialog>
 #include <QMessageBox>

@@ -1,6 +1,6 @@
-#include "dlgAbout.h"
+#include "ui/dlgAbout.h"
 
-#include "OrbelanVersion.h"
+#include "version/OrbelanVersion.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

@@ -1,6 +1,6 @@
-#include "Viewport.h"
+#include "view/Viewport.h"
 
-#include "ProjectionFactory.h"
+#include "projection/ProjectionFactory.h"
 
 #include <algorithm>
 #include <cmath>

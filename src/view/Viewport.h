@@ -1,8 +1,8 @@
 #pragma once
 
-#include "BoundingBox.h"
-#include "CProjection.h"
-#include "ParentMap.h"
+#include "model/BoundingBox.h"
+#include "projection/CProjection.h"
+#include "model/ParentMap.h"
 
 #include <array>
 #include <memory>

@@ -1,4 +1,4 @@
-#include "ActivityShape.h"
+#include "viewer/ActivityShape.h"
 
 #include <QPainter>
 

@@ -1,7 +1,7 @@
-#include "CToolTip.h"
+#include "viewer/CToolTip.h"
 
-#include "Layers.h"
-#include "Viewport.h"
+#include "model/Layers.h"
+#include "view/Viewport.h"
 
 #include <QLabel>
 #include <QTimer>

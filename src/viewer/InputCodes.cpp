@@ -1,4 +1,4 @@
-#include "InputCodes.h"
+#include "viewer/InputCodes.h"
 
 #include <algorithm>
 #include <array>

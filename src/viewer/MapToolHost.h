@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Viewport.h"
+#include "view/Viewport.h"
 
 #include <QPoint>
 #include <QRect>

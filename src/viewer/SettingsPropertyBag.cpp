@@ -1,4 +1,4 @@
-#include "SettingsPropertyBag.h"
+#include "viewer/SettingsPropertyBag.h"
 
 namespace orbelan {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PropertyBag.h"
+#include "viewer/PropertyBag.h"
 
 #include <QSettings>
 

@@ -1,9 +1,9 @@
-#include "ToolController.h"
+#include "viewer/ToolController.h"
 
-#include "MapTool.h"
-#include "PanTool.h"
-#include "ZoomFactorTool.h"
-#include "ZoomWindowTool.h"
+#include "viewer/MapTool.h"
+#include "viewer/tools/PanTool.h"
+#include "viewer/tools/ZoomFactorTool.h"
+#include "viewer/tools/ZoomWindowTool.h"
 
 namespace orbelan {
 

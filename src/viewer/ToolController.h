@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MapMouseEvent.h"
+#include "viewer/MapMouseEvent.h"
 
 #include <QCursor>
 

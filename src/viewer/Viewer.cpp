@@ -1,14 +1,14 @@
-#include "Viewer.h"
+#include "viewer/Viewer.h"
 
-#include "InputCodes.h"
-#include "OleColor.h"
-#include "PanTool.h"
-#include "PropertyBag.h"
-#include "ViewerPrivate.h"
-#include "UiServices.h"
-#include "Windows1252.h"
-#include "ZoomWindowTool.h"
-#include "dlgAbout.h"
+#include "viewer/InputCodes.h"
+#include "render/OleColor.h"
+#include "viewer/tools/PanTool.h"
+#include "viewer/PropertyBag.h"
+#include "viewer/ViewerPrivate.h"
+#include "ui/UiServices.h"
+#include "protocol/Windows1252.h"
+#include "viewer/tools/ZoomWindowTool.h"
+#include "ui/dlgAbout.h"
 
 #include <QApplication>
 #include <QKeyEvent>

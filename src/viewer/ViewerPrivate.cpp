@@ -1,14 +1,14 @@
-#include "ViewerPrivate.h"
+#include "viewer/ViewerPrivate.h"
 
-#include "ActivityShape.h"
-#include "CToolTip.h"
-#include "ElementBoundingBoxRequest.h"
-#include "InputCodes.h"
-#include "OleColor.h"
-#include "RequestSender.h"
-#include "Viewer.h"
-#include "WidgetUiServices.h"
-#include "ZoomFactorTool.h"
+#include "viewer/ActivityShape.h"
+#include "viewer/CToolTip.h"
+#include "protocol/messages/ElementBoundingBoxRequest.h"
+#include "viewer/InputCodes.h"
+#include "render/OleColor.h"
+#include "protocol/RequestSender.h"
+#include "viewer/Viewer.h"
+#include "ui/WidgetUiServices.h"
+#include "viewer/tools/ZoomFactorTool.h"
 
 #include <QApplication>
 #include <QLabel>

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "MapDocument.h"
-#include "MapRenderer.h"
-#include "MapSession.h"
-#include "MapToolHost.h"
-#include "SessionEvents.h"
-#include "ToolController.h"
-#include "Viewport.h"
+#include "model/MapDocument.h"
+#include "render/MapRenderer.h"
+#include "session/MapSession.h"
+#include "viewer/MapToolHost.h"
+#include "session/SessionEvents.h"
+#include "viewer/ToolController.h"
+#include "view/Viewport.h"
 
 #include <QImage>
 #include <QPoint>

@@ -2,11 +2,11 @@
 // test: a lat/lon view 400 x 200 pixels of (-10, -5) to (10, 5) with one
 // layer of parks.
 
-#include "HeadlessHost.h"
-#include "ScriptedUiServices.h"
-#include "Layers.h"
-#include "Viewer.h"
-#include "Viewport.h"
+#include "orbelan-viewer/HeadlessHost.h"
+#include "ui/ScriptedUiServices.h"
+#include "model/Layers.h"
+#include "viewer/Viewer.h"
+#include "view/Viewport.h"
 
 #include <QTemporaryDir>
 #include <QTest>

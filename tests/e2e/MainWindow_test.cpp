@@ -1,7 +1,7 @@
-#include "MainWindow.h"
-#include "Layers.h"
-#include "Viewer.h"
-#include "Viewport.h"
+#include "orbelan-viewer/MainWindow.h"
+#include "model/Layers.h"
+#include "viewer/Viewer.h"
+#include "view/Viewport.h"
 
 #include <QMenu>
 #include <QMenuBar>

@@ -1,8 +1,8 @@
-#include "OleColor.h"
-#include "ScriptedUiServices.h"
-#include "Layers.h"
-#include "Viewer.h"
-#include "Viewport.h"
+#include "render/OleColor.h"
+#include "ui/ScriptedUiServices.h"
+#include "model/Layers.h"
+#include "viewer/Viewer.h"
+#include "view/Viewport.h"
 
 #include <QProcess>
 #include <QRegularExpression>

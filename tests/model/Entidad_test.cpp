@@ -1,6 +1,6 @@
-#include "Entidad.h"
+#include "model/Entidad.h"
 #include "RecordingCanvas.h"
-#include "layer.h"
+#include "model/layer.h"
 
 #include <gtest/gtest.h>
 

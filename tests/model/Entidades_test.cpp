@@ -1,5 +1,5 @@
-#include "Entidades.h"
-#include "layer.h"
+#include "model/Entidades.h"
+#include "model/layer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ParentMap.h"
+#include "model/ParentMap.h"
 
 #include <map>
 #include <string>

@@ -1,6 +1,6 @@
-#include "Campos.h"
-#include "DuplicateKeyError.h"
-#include "KeyedCollection.h"
+#include "model/Campos.h"
+#include "model/DuplicateKeyError.h"
+#include "model/KeyedCollection.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
-#include "DuplicateKeyError.h"
+#include "model/DuplicateKeyError.h"
 #include "FakeViewer.h"
-#include "Layers.h"
+#include "model/Layers.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "LeadingNumber.h"
+#include "model/LeadingNumber.h"
 
 #include <gtest/gtest.h>
 

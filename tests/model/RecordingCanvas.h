@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MapCanvas.h"
+#include "model/MapCanvas.h"
 
 #include <cstdint>
 #include <string>

@@ -1,6 +1,6 @@
 #include "FakeViewer.h"
 #include "RecordingCanvas.h"
-#include "layer.h"
+#include "model/layer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "FakeViewer.h"
-#include "layer.h"
+#include "model/layer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "CAlbers.h"
+#include "projection/CAlbers.h"
 #include "ProjOracle.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "CUTM.h"
+#include "projection/CUTM.h"
 #include "ProjOracle.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ProjectionMath.h"
+#include "projection/ProjectionMath.h"
 
 #include <array>
 #include <limits>

@@ -1,7 +1,7 @@
-#include "CAlbers.h"
-#include "CLatLon.h"
-#include "CUTM.h"
-#include "ProjectionFactory.h"
+#include "projection/CAlbers.h"
+#include "projection/CLatLon.h"
+#include "projection/CUTM.h"
+#include "projection/ProjectionFactory.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "CommandCatalogue.h"
+#include "protocol/CommandCatalogue.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "ConnectToServer.h"
+#include "protocol/ConnectToServer.h"
 
 #include "LoopbackServer.h"
-#include "Socket.h"
+#include "protocol/Socket.h"
 
 #include <QDeadlineTimer>
 

@@ -1,5 +1,5 @@
-#include "DWBUffer.h"
-#include "WireReadError.h"
+#include "protocol/DWBUffer.h"
+#include "protocol/WireReadError.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "Bytes.h"
-#include "MessageFramer.h"
+#include "protocol/MessageFramer.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "ServerConnection.h"
+#include "protocol/ServerConnection.h"
 
 #include "Bytes.h"
 #include "LoopbackServer.h"

@@ -1,4 +1,4 @@
-#include "numcvt.h"
+#include "protocol/numcvt.h"
 
 #include <gtest/gtest.h>
 

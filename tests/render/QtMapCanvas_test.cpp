@@ -1,8 +1,8 @@
 // Pixel probes on a 100 x 100 picture of a latitude/longitude view showing
 // (-50, -50) to (50, 50): one pixel per degree, longitude x at pixel x + 50.
 
-#include "QtMapCanvas.h"
-#include "layer.h"
+#include "render/QtMapCanvas.h"
+#include "model/layer.h"
 
 #include <QImage>
 #include <QPalette>

@@ -1,6 +1,6 @@
-#include "LabelFonts.h"
-#include "QtMapCanvas.h"
-#include "RotatedTextStart.h"
+#include "render/LabelFonts.h"
+#include "render/QtMapCanvas.h"
+#include "render/RotatedTextStart.h"
 
 #include <QFontInfo>
 #include <QImage>

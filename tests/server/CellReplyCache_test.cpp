@@ -1,4 +1,4 @@
-#include "CellReplyCache.h"
+#include "serving/CellReplyCache.h"
 
 #include <gtest/gtest.h>
 

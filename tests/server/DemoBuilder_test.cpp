@@ -1,8 +1,8 @@
 #include "CountRows.h"
-#include "Database.h"
-#include "DemoBuilder.h"
-#include "MapReader.h"
-#include "SantiagoGenerator.h"
+#include "storage/Database.h"
+#include "demo/DemoBuilder.h"
+#include "storage/MapReader.h"
+#include "demo/SantiagoGenerator.h"
 
 #include <gtest/gtest.h>
 

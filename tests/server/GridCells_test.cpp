@@ -1,4 +1,4 @@
-#include "GridCells.h"
+#include "grid/GridCells.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "CountRows.h"
-#include "Database.h"
-#include "LayerImporter.h"
-#include "MapReader.h"
+#include "storage/Database.h"
+#include "import/LayerImporter.h"
+#include "storage/MapReader.h"
 
 #include <gtest/gtest.h>
 

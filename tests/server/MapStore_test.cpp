@@ -1,9 +1,9 @@
 #include "CountRows.h"
-#include "Database.h"
-#include "MapReader.h"
-#include "MapWriter.h"
+#include "storage/Database.h"
+#include "storage/MapReader.h"
+#include "storage/MapWriter.h"
 #include "SampleStore.h"
-#include "StorageError.h"
+#include "storage/StorageError.h"
 
 #include <gtest/gtest.h>
 

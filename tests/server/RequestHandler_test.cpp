@@ -1,9 +1,9 @@
-#include "CellGeometry.h"
-#include "CellGeometryRequest.h"
-#include "CommandCatalogue.h"
-#include "MapReader.h"
-#include "MessageIO.h"
-#include "RequestHandler.h"
+#include "protocol/messages/CellGeometry.h"
+#include "protocol/messages/CellGeometryRequest.h"
+#include "protocol/CommandCatalogue.h"
+#include "storage/MapReader.h"
+#include "protocol/messages/MessageIO.h"
+#include "serving/RequestHandler.h"
 #include "SampleStore.h"
 
 #include <gtest/gtest.h>

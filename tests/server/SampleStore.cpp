@@ -1,6 +1,6 @@
 #include "SampleStore.h"
 
-#include "MapWriter.h"
+#include "storage/MapWriter.h"
 
 using namespace orbelan;
 using namespace orbelan::server;

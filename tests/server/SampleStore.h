@@ -1,6 +1,6 @@
 #pragma once
 
-#include "Database.h"
+#include "storage/Database.h"
 
 #include <QString>
 #include <QTemporaryDir>

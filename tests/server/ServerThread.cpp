@@ -1,9 +1,9 @@
 #include "ServerThread.h"
 
-#include "Database.h"
-#include "MapReader.h"
-#include "MapServer.h"
-#include "ServerLog.h"
+#include "storage/Database.h"
+#include "storage/MapReader.h"
+#include "serving/MapServer.h"
+#include "serving/ServerLog.h"
 
 #include <QEventLoop>
 #include <QHostAddress>

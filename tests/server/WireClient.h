@@ -1,8 +1,8 @@
 #pragma once
 
-#include "DWBUffer.h"
-#include "MessageFramer.h"
-#include "MessageIO.h"
+#include "protocol/DWBUffer.h"
+#include "protocol/MessageFramer.h"
+#include "protocol/messages/MessageIO.h"
 
 #include <QTcpSocket>
 

@@ -1,4 +1,4 @@
-#include "CellFieldValues.h"
+#include "protocol/messages/CellFieldValues.h"
 #include "SessionHarness.h"
 
 #include <utility>

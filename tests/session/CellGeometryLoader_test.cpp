@@ -1,5 +1,5 @@
-#include "CellFieldValuesRequest.h"
-#include "CellGeometry.h"
+#include "protocol/messages/CellFieldValuesRequest.h"
+#include "protocol/messages/CellGeometry.h"
 #include "SessionHarness.h"
 
 #include <utility>

@@ -1,5 +1,5 @@
-#include "CellFieldValuesRequest.h"
-#include "CellGeometryRequest.h"
+#include "protocol/messages/CellFieldValuesRequest.h"
+#include "protocol/messages/CellGeometryRequest.h"
 #include "SessionHarness.h"
 
 #include <set>

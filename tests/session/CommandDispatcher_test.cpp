@@ -1,6 +1,6 @@
-#include "AccessAnswer.h"
-#include "LayerAccessLevels.h"
-#include "MapDefinitionRequest.h"
+#include "protocol/messages/AccessAnswer.h"
+#include "protocol/messages/LayerAccessLevels.h"
+#include "protocol/messages/MapDefinitionRequest.h"
 #include "SessionHarness.h"
 
 using namespace orbelan;

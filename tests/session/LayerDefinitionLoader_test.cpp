@@ -1,6 +1,6 @@
-#include "FieldDefinition.h"
+#include "protocol/messages/FieldDefinition.h"
 #include "SessionHarness.h"
-#include "ThematicClasses.h"
+#include "protocol/messages/ThematicClasses.h"
 
 using namespace orbelan;
 

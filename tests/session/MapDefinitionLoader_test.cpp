@@ -1,9 +1,9 @@
-#include "LayerAccessLevels.h"
-#include "MapRenderer.h"
-#include "LayerAccessLevelsRequest.h"
-#include "MapDefinition.h"
+#include "protocol/messages/LayerAccessLevels.h"
+#include "render/MapRenderer.h"
+#include "protocol/messages/LayerAccessLevelsRequest.h"
+#include "protocol/messages/MapDefinition.h"
 #include "SessionHarness.h"
-#include "WireReadError.h"
+#include "protocol/WireReadError.h"
 
 #include <QImage>
 

@@ -1,6 +1,6 @@
 #include "SessionHarness.h"
 
-#include "WireReadError.h"
+#include "protocol/WireReadError.h"
 
 using namespace orbelan;
 

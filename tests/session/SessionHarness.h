@@ -1,14 +1,14 @@
 #pragma once
 
-#include "CellRequester.h"
-#include "CommandDispatcher.h"
-#include "MapDocument.h"
-#include "MessageIO.h"
-#include "RequestSender.h"
-#include "ScriptedUiServices.h"
-#include "SessionEvents.h"
-#include "StatusList.h"
-#include "Viewport.h"
+#include "session/CellRequester.h"
+#include "session/CommandDispatcher.h"
+#include "model/MapDocument.h"
+#include "protocol/messages/MessageIO.h"
+#include "protocol/RequestSender.h"
+#include "ui/ScriptedUiServices.h"
+#include "session/SessionEvents.h"
+#include "session/StatusList.h"
+#include "view/Viewport.h"
 
 #include <gtest/gtest.h>
 

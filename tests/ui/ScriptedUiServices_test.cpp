@@ -1,4 +1,4 @@
-#include "ScriptedUiServices.h"
+#include "ui/ScriptedUiServices.h"
 
 #include "TestPrinters.h"
 

@@ -2,7 +2,7 @@
 
 // Readable failure messages for the Qt and message box values the tests compare.
 
-#include "UiServices.h"
+#include "ui/UiServices.h"
 
 #include <QString>
 

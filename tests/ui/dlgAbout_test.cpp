@@ -1,7 +1,7 @@
-#include "dlgAbout.h"
+#include "ui/dlgAbout.h"
 
-#include "OrbelanVersion.h"
-#include "ScriptedUiServices.h"
+#include "version/OrbelanVersion.h"
+#include "ui/ScriptedUiServices.h"
 #include "TestPrinters.h"
 
 #include <QLabel>

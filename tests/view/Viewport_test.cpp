@@ -1,6 +1,6 @@
-#include "Viewport.h"
+#include "view/Viewport.h"
 
-#include "CUTM.h"
+#include "projection/CUTM.h"
 
 #include <gtest/gtest.h>
 

@@ -7,11 +7,11 @@
 // than its label, keeps 100 twips = 7 pixels from the right edge, and holds
 // the label 50 twips = 3 pixels from its left side.
 
-#include "CToolTip.h"
-#include "Layers.h"
-#include "ScriptedUiServices.h"
-#include "Viewer.h"
-#include "Viewport.h"
+#include "viewer/CToolTip.h"
+#include "model/Layers.h"
+#include "ui/ScriptedUiServices.h"
+#include "viewer/Viewer.h"
+#include "view/Viewport.h"
 
 #include <QLabel>
 #include <QTest>

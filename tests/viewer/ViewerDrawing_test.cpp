@@ -1,10 +1,10 @@
 // Drawing through the Viewer: a lat/lon view 400 x 200 pixels showing
 // (-10, -5) to (10, 5), 20 pixels per degree, (0, 0) at pixel (200, 100).
 
-#include "ScriptedUiServices.h"
-#include "Layers.h"
-#include "Viewer.h"
-#include "Viewport.h"
+#include "ui/ScriptedUiServices.h"
+#include "model/Layers.h"
+#include "viewer/Viewer.h"
+#include "view/Viewport.h"
 
 #include <QSignalSpy>
 

@@ -1,10 +1,10 @@
-#include "ElementBoundingBoxRequest.h"
-#include "Layers.h"
-#include "PropertyBag.h"
-#include "ScriptedUiServices.h"
-#include "SettingsPropertyBag.h"
-#include "Viewer.h"
-#include "Viewport.h"
+#include "protocol/messages/ElementBoundingBoxRequest.h"
+#include "model/Layers.h"
+#include "viewer/PropertyBag.h"
+#include "ui/ScriptedUiServices.h"
+#include "viewer/SettingsPropertyBag.h"
+#include "viewer/Viewer.h"
+#include "view/Viewport.h"
 
 #include <QSignalSpy>
 #include <QTcpServer>

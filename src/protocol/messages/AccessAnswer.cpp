@@ -1,4 +1,4 @@
-#include "AccessAnswer.h"
+#include "protocol/messages/AccessAnswer.h"
 
 namespace orbelan::messages {
 

@@ -1,4 +1,4 @@
-#include "AccessRequest.h"
+#include "protocol/messages/AccessRequest.h"
 
 namespace orbelan::messages {
 

@@ -1,6 +1,6 @@
-#include "CellElement.h"
+#include "protocol/messages/CellElement.h"
 
-#include "MessageIO.h"
+#include "protocol/messages/MessageIO.h"
 
 namespace orbelan::messages {
 

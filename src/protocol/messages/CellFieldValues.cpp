@@ -1,6 +1,6 @@
-#include "CellFieldValues.h"
+#include "protocol/messages/CellFieldValues.h"
 
-#include "MessageIO.h"
+#include "protocol/messages/MessageIO.h"
 
 #include <utility>
 

@@ -1,4 +1,4 @@
-#include "CellFieldValuesBuilder.h"
+#include "protocol/messages/CellFieldValuesBuilder.h"
 
 #include <utility>
 

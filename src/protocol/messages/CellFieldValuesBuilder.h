@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CellFieldValues.h"
+#include "protocol/messages/CellFieldValues.h"
 
 #include <cstdint>
 #include <string>

@@ -1,4 +1,4 @@
-#include "CellFieldValuesRequest.h"
+#include "protocol/messages/CellFieldValuesRequest.h"
 
 namespace orbelan::messages {
 

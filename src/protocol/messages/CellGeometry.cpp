@@ -1,6 +1,6 @@
-#include "CellGeometry.h"
+#include "protocol/messages/CellGeometry.h"
 
-#include "MessageIO.h"
+#include "protocol/messages/MessageIO.h"
 
 #include <algorithm>
 #include <cmath>

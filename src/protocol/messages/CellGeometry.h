@@ -1,8 +1,8 @@
 #pragma once
 
-#include "CellElement.h"
-#include "CommandCatalogue.h"
-#include "DWBUffer.h"
+#include "protocol/messages/CellElement.h"
+#include "protocol/CommandCatalogue.h"
+#include "protocol/DWBUffer.h"
 
 #include <cstdint>
 #include <functional>

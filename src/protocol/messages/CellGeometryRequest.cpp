@@ -1,4 +1,4 @@
-#include "CellGeometryRequest.h"
+#include "protocol/messages/CellGeometryRequest.h"
 
 namespace orbelan::messages {
 

@@ -1,4 +1,4 @@
-#include "ElementBoundingBoxRequest.h"
+#include "protocol/messages/ElementBoundingBoxRequest.h"
 
 namespace orbelan::messages {
 

@@ -1,4 +1,4 @@
-#include "FieldDefinition.h"
+#include "protocol/messages/FieldDefinition.h"
 
 namespace orbelan::messages {
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CommandCatalogue.h"
-#include "DWBUffer.h"
+#include "protocol/CommandCatalogue.h"
+#include "protocol/DWBUffer.h"
 
 #include <cstdint>
 #include <string>

@@ -1,4 +1,4 @@
-#include "FieldRecord.h"
+#include "protocol/messages/FieldRecord.h"
 
 namespace orbelan::messages {
 

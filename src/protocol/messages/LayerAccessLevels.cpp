@@ -1,6 +1,6 @@
-#include "LayerAccessLevels.h"
+#include "protocol/messages/LayerAccessLevels.h"
 
-#include "MessageIO.h"
+#include "protocol/messages/MessageIO.h"
 
 namespace orbelan::messages {
 

@@ -1,6 +1,6 @@
-#include "LayerAccessLevelsRequest.h"
+#include "protocol/messages/LayerAccessLevelsRequest.h"
 
-#include "MessageIO.h"
+#include "protocol/messages/MessageIO.h"
 
 namespace orbelan::messages {
 

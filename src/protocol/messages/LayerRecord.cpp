@@ -1,6 +1,6 @@
-#include "LayerRecord.h"
+#include "protocol/messages/LayerRecord.h"
 
-#include "MessageIO.h"
+#include "protocol/messages/MessageIO.h"
 
 namespace orbelan::messages {
 

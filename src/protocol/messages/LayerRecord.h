@@ -1,8 +1,8 @@
 #pragma once
 
-#include "DWBUffer.h"
-#include "FieldRecord.h"
-#include "ThematicClassRecord.h"
+#include "protocol/DWBUffer.h"
+#include "protocol/messages/FieldRecord.h"
+#include "protocol/messages/ThematicClassRecord.h"
 
 #include <cstdint>
 #include <string>

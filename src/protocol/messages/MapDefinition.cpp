@@ -1,6 +1,6 @@
-#include "MapDefinition.h"
+#include "protocol/messages/MapDefinition.h"
 
-#include "MessageIO.h"
+#include "protocol/messages/MessageIO.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "CommandCatalogue.h"
-#include "DWBUffer.h"
-#include "LayerRecord.h"
+#include "protocol/CommandCatalogue.h"
+#include "protocol/DWBUffer.h"
+#include "protocol/messages/LayerRecord.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,4 +1,4 @@
-#include "MapDefinitionRequest.h"
+#include "protocol/messages/MapDefinitionRequest.h"
 
 namespace orbelan::messages {
 

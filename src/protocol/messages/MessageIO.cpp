@@ -1,4 +1,4 @@
-#include "MessageIO.h"
+#include "protocol/messages/MessageIO.h"
 
 #include <algorithm>
 #include <limits>

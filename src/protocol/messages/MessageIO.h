@@ -3,8 +3,8 @@
 // Helpers shared by the message layouts: whole messages from a layout, and
 // the counts that precede repeated records.
 
-#include "CommandCatalogue.h"
-#include "DWBUffer.h"
+#include "protocol/CommandCatalogue.h"
+#include "protocol/DWBUffer.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "ThematicClassRecord.h"
+#include "protocol/messages/ThematicClassRecord.h"
 
 namespace orbelan::messages {
 

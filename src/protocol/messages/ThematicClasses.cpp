@@ -1,6 +1,6 @@
-#include "ThematicClasses.h"
+#include "protocol/messages/ThematicClasses.h"
 
-#include "MessageIO.h"
+#include "protocol/messages/MessageIO.h"
 
 #include <utility>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "CommandCatalogue.h"
-#include "DWBUffer.h"
-#include "ThematicClassRecord.h"
+#include "protocol/CommandCatalogue.h"
+#include "protocol/DWBUffer.h"
+#include "protocol/messages/ThematicClassRecord.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,7 +1,7 @@
-#include "PanTool.h"
+#include "viewer/tools/PanTool.h"
 
-#include "MapToolHost.h"
-#include "ToolCursors.h"
+#include "viewer/MapToolHost.h"
+#include "viewer/tools/ToolCursors.h"
 
 namespace orbelan {
 

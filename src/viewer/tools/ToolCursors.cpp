@@ -1,4 +1,4 @@
-#include "ToolCursors.h"
+#include "viewer/tools/ToolCursors.h"
 
 #include <QPainter>
 #include <QPixmap>

@@ -1,7 +1,7 @@
-#include "ZoomFactorTool.h"
+#include "viewer/tools/ZoomFactorTool.h"
 
-#include "MapToolHost.h"
-#include "ToolCursors.h"
+#include "viewer/MapToolHost.h"
+#include "viewer/tools/ToolCursors.h"
 
 namespace orbelan {
 

@@ -1,7 +1,7 @@
-#include "ZoomWindowTool.h"
+#include "viewer/tools/ZoomWindowTool.h"
 
-#include "MapToolHost.h"
-#include "ToolCursors.h"
+#include "viewer/MapToolHost.h"
+#include "viewer/tools/ToolCursors.h"
 
 namespace orbelan {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "MapTool.h"
+#include "viewer/MapTool.h"
 
 namespace orbelan {
 

@@ -1,11 +1,11 @@
-#include "CellFieldValues.h"
-#include "CellFieldValuesBuilder.h"
-#include "CellFieldValuesRequest.h"
-#include "CellGeometry.h"
-#include "CellGeometryRequest.h"
-#include "FieldDefinition.h"
+#include "protocol/messages/CellFieldValues.h"
+#include "protocol/messages/CellFieldValuesBuilder.h"
+#include "protocol/messages/CellFieldValuesRequest.h"
+#include "protocol/messages/CellGeometry.h"
+#include "protocol/messages/CellGeometryRequest.h"
+#include "protocol/messages/FieldDefinition.h"
 #include "MessageRoundTrip.h"
-#include "ThematicClasses.h"
+#include "protocol/messages/ThematicClasses.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "DWBUffer.h"
-#include "MessageIO.h"
-#include "WireReadError.h"
+#include "protocol/DWBUffer.h"
+#include "protocol/messages/MessageIO.h"
+#include "protocol/WireReadError.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#include "AccessAnswer.h"
-#include "AccessRequest.h"
-#include "LayerAccessLevels.h"
-#include "LayerAccessLevelsRequest.h"
-#include "MapDefinition.h"
-#include "MapDefinitionRequest.h"
+#include "protocol/messages/AccessAnswer.h"
+#include "protocol/messages/AccessRequest.h"
+#include "protocol/messages/LayerAccessLevels.h"
+#include "protocol/messages/LayerAccessLevelsRequest.h"
+#include "protocol/messages/MapDefinition.h"
+#include "protocol/messages/MapDefinitionRequest.h"
 #include "MessageRoundTrip.h"
 
 #include <gtest/gtest.h>

@@ -1,11 +1,11 @@
-#include "wsckfunciones.h"
+#include "protocol/WireValues.h"
 
 #include <gtest/gtest.h>
 
 #include <stdexcept>
 #include <vector>
 
-using namespace orbelan::wsckfunciones;
+using namespace orbelan::wirevalues;
 
 namespace {
 

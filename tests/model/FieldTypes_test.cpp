@@ -1,4 +1,4 @@
-#include "FieldTypes.h"
+#include "model/FieldTypes.h"
 
 #include <gtest/gtest.h>
 

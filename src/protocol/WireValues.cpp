@@ -1,11 +1,11 @@
-#include "wsckfunciones.h"
+#include "protocol/WireValues.h"
 
-#include "Windows1252.h"
-#include "numcvt.h"
+#include "protocol/Windows1252.h"
+#include "protocol/numcvt.h"
 
 #include <stdexcept>
 
-namespace orbelan::wsckfunciones {
+namespace orbelan::wirevalues {
 
 namespace {
 
@@ -86,4 +86,4 @@ std::string BytesToString(std::span<const std::uint8_t> bytes, std::size_t count
     return windows1252::toUtf8({reinterpret_cast<const char*>(b), count});
 }
 
-} // namespace orbelan::wsckfunciones
+} // namespace orbelan::wirevalues

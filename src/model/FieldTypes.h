@@ -38,4 +38,10 @@ constexpr WireType wireTypeOf(std::int16_t code)
     }
 }
 
+// Text fields are compared as text; every other code as a number.
+constexpr bool IsTextFieldType(std::int16_t code)
+{
+    return wireTypeOf(code) == WireType::String;
+}
+
 } // namespace orbelan

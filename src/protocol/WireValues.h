@@ -12,7 +12,7 @@
 #include <string>
 #include <string_view>
 
-namespace orbelan::wsckfunciones {
+namespace orbelan::wirevalues {
 
 std::array<std::uint8_t, 2> IntegerToBytes(std::int16_t value);
 std::array<std::uint8_t, 4> LongToBytes(std::int32_t value);
@@ -28,4 +28,4 @@ double BytesToDouble(std::span<const std::uint8_t> bytes, std::size_t start);
 // The UTF-8 text of the first count Windows-1252 bytes.
 std::string BytesToString(std::span<const std::uint8_t> bytes, std::size_t count);
 
-} // namespace orbelan::wsckfunciones
+} // namespace orbelan::wirevalues
