@@ -47,8 +47,8 @@ std::string streetName(int number)
 }
 
 struct Scene {
-    layer map;
     orbelan::Viewport view;
+    layer map{view};
     QImage picture{kWidth, kHeight, QImage::Format_ARGB32_Premultiplied};
 
     Scene(orbelan::TipoLayer kind, int names, bool allowDuplicates)

@@ -74,9 +74,18 @@ std::array<Vertex, kVerticesPerLine> polyline(std::int32_t id)
     return vertices;
 }
 
+// The hit tests do not ask their view anything.
+class NoView : public orbelan::ParentMap {
+public:
+    std::int32_t Height() const override { return 0; }
+    float DrawScale() const override { return 0; }
+    std::int32_t ImageNumberOf(std::string_view) const override { return -1; }
+};
+
 std::unique_ptr<layer> polylineLayer(std::int32_t count, bool drawn)
 {
-    auto lines = std::make_unique<layer>();
+    static const NoView view;
+    auto lines = std::make_unique<layer>(view);
     lines->Tipo = orbelan::polylinelayer;
     lines->Selectable = true;
     lines->ThematicMap().Add(0, 1, 0, 0xC0C000, 0, "MICanyMIC", "");

@@ -83,8 +83,8 @@ void addPolygons(layer& map)
 }
 
 struct Scene {
-    layer map;
     orbelan::Viewport view;
+    layer map{view};
     QImage picture{kWidth, kHeight, QImage::Format_ARGB32_Premultiplied};
 
     void redraw()

@@ -8,14 +8,13 @@ namespace orbelan {
 
 layer& Layers::AddLayer(const std::string& name, std::int32_t key, TipoLayer kind, const ParentMap& viewer)
 {
-    auto created = std::make_unique<layer>();
+    auto created = std::make_unique<layer>(viewer);
     created->Nombre = name;
     created->IDLayer = key;
     created->Visible = true;
     created->Selectable = true;
     created->Tipo = kind;
     created->CamposPedidos = false;
-    created->parentMap = &viewer;
     layer& added = Insert(key, std::move(created));
     added.ImageName = name;
     added.ImageNumber = viewer.ImageNumberOf(name);

@@ -166,20 +166,12 @@ void layer::setDefaultTheme(const Theme& theme)
     *current = theme;
 }
 
-const ParentMap& layer::map() const
-{
-    if (parentMap == nullptr) {
-        throw std::logic_error("layer " + std::to_string(IDLayer) + " belongs to no Viewer");
-    }
-    return *parentMap;
-}
-
 bool layer::zoomVisible(float upper, float lower, std::int16_t level) const
 {
     if (level != 1) {
         return level == 2;
     }
-    const ParentMap& viewer = map();
+    const ParentMap& viewer = parentMap();
     const double scale = viewer.DrawScale();
     return ZoomThreshold(upper, viewer.Height()) <= scale && scale <= ZoomThreshold(lower, viewer.Height());
 }

@@ -32,8 +32,8 @@ class MapCanvas;
 // (DrawnIDs), except SelectElementsInPolygon, which looks at them all.
 //
 // The public fields are the layer's properties, in their declared order,
-// with the values of a new layer. The visibility tests at user level 1 need
-// the map view and raise std::logic_error when the layer has no parentMap.
+// with the values of a new layer. The map view the layer belongs to, which
+// the visibility tests at user level 1 consult, is given when it is made.
 class layer {
 public:
     // A hit must lie closer than this to the nearest line (or point, for a
@@ -42,10 +42,11 @@ public:
     // A point is picked among several when closer than this.
     static constexpr double kPointsPickTolerance = 7.5E-5;
 
+    explicit layer(const ParentMap& parent) : parent_(&parent) {}
+
     BoundingBox bb;
     std::string Nombre;
     TipoLayer Tipo{};
-    const ParentMap* parentMap = nullptr;
     bool Selectable = false;
     // The result of the last CalculateVisibility that a redraw stored.
     bool Visible = false;
@@ -94,6 +95,9 @@ public:
     void setUserLabelVisibility(std::int16_t level);
     std::int16_t UserDirectionVisibility() const { return userDirectionVisibility_; }
     void setUserDirectionVisibility(std::int16_t level);
+
+    // The map view the layer belongs to.
+    const ParentMap& parentMap() const { return *parent_; }
 
     orbelan::Labels& Labels() { return labels_; }
     const orbelan::Labels& Labels() const { return labels_; }
@@ -210,7 +214,6 @@ public:
     bool RemoveEntity(std::int32_t ID) { return Entidades.RemoveKey(ID); }
 
 private:
-    const ParentMap& map() const;
     bool zoomVisible(float upper, float lower, std::int16_t level) const;
     bool isShown(const Entidad& entity) const;
     double pickDistance(const Entidad* entity, double X, double Y, double tolerance) const;
@@ -223,6 +226,7 @@ private:
     void redrawIncrementally(const std::vector<std::int32_t>& newIDs, const BoundingBox& BBox, MapCanvas& Wnd);
     void redrawCompletely(const BoundingBox& BBox, MapCanvas& Wnd);
 
+    const ParentMap* parent_;
     orbelan::ThematicMap themes_;
     orbelan::Campos campos_;
     orbelan::Labels labels_;

@@ -1,3 +1,4 @@
+#include "FakeViewer.h"
 #include "model/Entidad.h"
 #include "RecordingCanvas.h"
 #include "model/layer.h"
@@ -23,7 +24,7 @@ struct Owned {
         owner.Tipo = kind;
         entity = &owner.Entidades.AddEntity(1, vertices, owner);
     }
-    orbelan::layer owner;
+    orbelan::layer owner{anyView()};
     Entidad* entity = nullptr;
 };
 

@@ -1,3 +1,4 @@
+#include "FakeViewer.h"
 #include "model/Entidades.h"
 #include "model/layer.h"
 
@@ -12,7 +13,7 @@ namespace {
 
 TEST(EntidadesAddEntity, MakesAnEntityOfTheLayerWhoseBoxOnlyGrows)
 {
-    orbelan::layer owner;
+    orbelan::layer owner{anyView()};
     Entidad& added = owner.Entidades.AddEntity(42, std::vector<Vertex>{{-3, 2}, {4, -1}}, owner);
     EXPECT_EQ(added.parentLayer, &owner);
     EXPECT_EQ(added.ThemeCode, 1);
@@ -27,7 +28,7 @@ TEST(EntidadesAddEntity, MakesAnEntityOfTheLayerWhoseBoxOnlyGrows)
 
 TEST(EntidadesAddEntity, AnExistingIDIsReplacedAndMovedToTheEnd)
 {
-    orbelan::layer owner;
+    orbelan::layer owner{anyView()};
     for (std::int32_t id : {1, 2, 3}) {
         owner.Entidades.AddEntity(id, std::vector<Vertex>{{0, 0}}, owner);
     }

@@ -19,3 +19,10 @@ public:
         return found == images.end() ? -1 : found->second;
     }
 };
+
+// A view for layers whose visibility does not depend on the scale.
+inline const FakeViewer& anyView()
+{
+    static const FakeViewer view;
+    return view;
+}

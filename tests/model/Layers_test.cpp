@@ -20,7 +20,7 @@ TEST(LayersAddLayer, MakesAVisibleSelectableLayerOfTheViewer)
     const layer& roads = layers.AddLayer("Roads", 12, orbelan::polylinelayer, viewer);
     const layer& ortho = layers.AddLayer("Ortho 2010", 7, orbelan::ImageLayer, viewer);
     EXPECT_TRUE(roads.Visible && roads.Selectable);
-    EXPECT_EQ(roads.parentMap, &viewer);
+    EXPECT_EQ(&roads.parentMap(), &viewer);
     EXPECT_EQ(roads.ImageNumber, -1);
     EXPECT_EQ(ortho.ImageNumber, 3);
     EXPECT_EQ(layers.Item("7"), &ortho);

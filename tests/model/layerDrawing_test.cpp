@@ -28,7 +28,6 @@ class layerDrawing : public ::testing::Test {
 protected:
     layerDrawing()
     {
-        map.parentMap = &viewer;
         map.Tipo = orbelan::polylinelayer;
         map.AccessLevel = orbelan::ALViewer;
         map.setUserVisibility(2);
@@ -49,7 +48,7 @@ protected:
     }
 
     FakeViewer viewer;
-    layer map;
+    layer map{viewer};
     RecordingCanvas canvas;
     BoundingBox view = box(0, -1, 10, 2);
 };

@@ -138,7 +138,7 @@ TEST_F(QtMapCanvasTest, FarAndUnknownCoordinatesAreCutOrSkipped)
 
 TEST_F(QtMapCanvasTest, AHighlightedLineIsRedAndTwiceAsWide)
 {
-    orbelan::layer roads;
+    orbelan::layer roads(view);
     roads.Tipo = orbelan::polylinelayer;
     roads.ThematicMap().Add(0, 2, 0xFF0000, 0, 0, "MICanyMIC", "");
     const std::vector<orbelan::Vertex> road = {{-40, 0}, {40, 0}};
