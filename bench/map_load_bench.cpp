@@ -115,7 +115,7 @@ public:
     void redrawMap() override {}
     void zoomToExtents() override {}
     void changeStatus(std::int32_t, std::uint8_t, const QString&) override {}
-    void mapLoaded() override {}
+    void definitionLoaded() override {}
     QWidget* dialogParent() override { return nullptr; }
 };
 

@@ -22,7 +22,7 @@ CellRequester::CellRequester(RequestSender& sender, MapDocument& document, const
 {
 }
 
-void CellRequester::requestMissingCells()
+void CellRequester::requestCellsOfView()
 {
     const BoundingBox& view = view_.viewBox();
     for (layer& mapLayer : document_.Layers()) {
@@ -37,11 +37,11 @@ void CellRequester::requestMissingCells()
             // numbered, holds nothing that can be asked for.
             continue;
         }
-        requestMissingCells(mapLayer, cells);
+        requestCellsOfLayer(mapLayer, cells);
     }
 }
 
-void CellRequester::requestMissingCells(layer& mapLayer, const std::vector<GridCell>& cells)
+void CellRequester::requestCellsOfLayer(layer& mapLayer, const std::vector<GridCell>& cells)
 {
     const bool labels = !mapLayer.lblField.empty() && mapLayer.CalculateLabelVisibility();
     const bool directions = !mapLayer.DirectionField.empty() && mapLayer.CalculateDirectionVisibility();

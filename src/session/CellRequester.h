@@ -23,7 +23,7 @@ public:
 
     // Asks for the grid cells of the view never asked for: geometry of every
     // visible layer, label and direction values where those show.
-    void requestMissingCells();
+    void requestCellsOfView();
     // Asks for the geometry of one cell of a layer.
     void requestCell(const layer& mapLayer, GridCell cell);
     // Asks for one field's values in a cell of the layer; label and thematic
@@ -33,7 +33,7 @@ public:
     void requestCellsAgain(const layer& mapLayer);
 
 private:
-    void requestMissingCells(layer& mapLayer, const std::vector<GridCell>& cells);
+    void requestCellsOfLayer(layer& mapLayer, const std::vector<GridCell>& cells);
 
     RequestSender& sender_;
     MapDocument& document_;

@@ -106,7 +106,7 @@ void loadMapDefinition(DWBUffer& message, LoadContext& context)
         });
     sendMessage(context.requests, levels);
     context.events.changeStatus(0, StatusList::Remove + StatusList::LoadingMap);
-    context.events.mapLoaded();
+    context.events.definitionLoaded();
 }
 
 } // namespace orbelan

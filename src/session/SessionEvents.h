@@ -21,7 +21,7 @@ public:
     // One change of the status list: a step of a layer started or ended.
     virtual void changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName = {}) = 0;
     // The map definition has been read whole: hosts hear MapLoaded.
-    virtual void mapLoaded() = 0;
+    virtual void definitionLoaded() = 0;
     // The window message boxes belong to.
     virtual QWidget* dialogParent() = 0;
 };

@@ -15,10 +15,10 @@ public:
 
     virtual const Viewport& viewport() const = 0;
     // Fits the geographic box (corners in any order) into the control.
-    virtual void setView(const BoundingBox& box) = 0;
+    virtual void showBox(const BoundingBox& box) = 0;
     // Zooms by factor, keeping the view's size ratio, centred on the point.
     virtual void zoomAbout(float factor, MapPoint centre) = 0;
-    virtual void redraw() = 0;
+    virtual void redrawMap() = 0;
     virtual void showRubberBand(const QRect& rectangle) = 0;
     virtual void hideRubberBand() = 0;
     // Moves the map picture by offset while a pan drag is under way.

@@ -76,42 +76,42 @@ void Viewer::setUiServices(UiServices& services)
 bool Viewer::userMode() const { return d_->userMode; }
 void Viewer::setUserMode(bool userMode) { d_->userMode = userMode; }
 
-std::uint32_t Viewer::BackColor() const { return d_->backColor; }
-std::uint32_t Viewer::ForeColor() const { return d_->foreColor; }
-std::int16_t Viewer::Appearance() const { return d_->appearance; }
-std::int16_t Viewer::BackStyle() const { return d_->backStyle; }
-std::int16_t Viewer::BorderStyle() const { return d_->borderStyle; }
+std::uint32_t Viewer::BackColor() const { return d_->surface.back; }
+std::uint32_t Viewer::ForeColor() const { return d_->surface.fore; }
+std::int16_t Viewer::Appearance() const { return d_->surface.look; }
+std::int16_t Viewer::BackStyle() const { return d_->surface.backMode; }
+std::int16_t Viewer::BorderStyle() const { return d_->surface.border; }
 
 void Viewer::setBackColor(std::uint32_t color)
 {
-    d_->backColor = color;
+    d_->surface.back = color;
     d_->applyColors();
     emit propertyChanged(kBackColorKey);
 }
 
 void Viewer::setForeColor(std::uint32_t color)
 {
-    d_->foreColor = color;
+    d_->surface.fore = color;
     d_->applyColors();
     emit propertyChanged(kForeColorKey);
 }
 
 void Viewer::setAppearance(std::int16_t appearance)
 {
-    d_->appearance = appearance;
+    d_->surface.look = appearance;
     emit propertyChanged(kAppearanceKey);
 }
 
 void Viewer::setBackStyle(std::int16_t backStyle)
 {
-    d_->backStyle = backStyle;
+    d_->surface.backMode = backStyle;
     d_->applyColors();
     emit propertyChanged(kBackStyleKey);
 }
 
 void Viewer::setBorderStyle(std::int16_t borderStyle)
 {
-    d_->borderStyle = borderStyle;
+    d_->surface.border = borderStyle;
     update();
     emit propertyChanged(kBorderStyleKey);
 }
@@ -190,15 +190,15 @@ void Viewer::InitProperties()
 void Viewer::ReadProperties(const PropertyBag& bag)
 {
     const QSignalBlocker quiet(this);
-    d_->backColor = readNumber<std::uint32_t>(bag, kBackColorKey, olecolor::kButtonFace);
-    d_->foreColor = readNumber<std::uint32_t>(bag, kForeColorKey, olecolor::kButtonText);
+    d_->surface.back = readNumber<std::uint32_t>(bag, kBackColorKey, olecolor::kButtonFace);
+    d_->surface.fore = readNumber<std::uint32_t>(bag, kForeColorKey, olecolor::kButtonText);
     QWidget::setEnabled(bag.ReadProperty(kEnabledKey, true).toBool());
     QFont font = ambientFont();
     font.fromString(bag.ReadProperty(kFontKey, font.toString()).toString());
     setFont(font);
-    d_->appearance = readNumber<std::int16_t>(bag, kAppearanceKey, 1);
-    d_->backStyle = readNumber<std::int16_t>(bag, kBackStyleKey, 1);
-    d_->borderStyle = readNumber<std::int16_t>(bag, kBorderStyleKey, 0);
+    d_->surface.look = readNumber<std::int16_t>(bag, kAppearanceKey, 1);
+    d_->surface.backMode = readNumber<std::int16_t>(bag, kBackStyleKey, 1);
+    d_->surface.border = readNumber<std::int16_t>(bag, kBorderStyleKey, 0);
     ServerConnection& connection = d_->session().connection();
     connection.socket().setRemoteHost(bag.ReadProperty(kUrlKey, kDefaultUrl).toString());
     connection.socket().setRemotePort(static_cast<quint16>(readNumber(bag, kPortKey, kDefaultPort, 0, kMaximumPort)));
@@ -236,11 +236,11 @@ void Viewer::SetView(double x1, double y1, double x2, double y2)
     box.MinY = y1;
     box.MaxX = x2;
     box.MaxY = y2;
-    d_->setView(box);
+    d_->showBox(box);
 }
 
-void Viewer::Redraw() { d_->redraw(); }
-void Viewer::RedrawLayer(std::int32_t IDLayer) { d_->redrawMap(IDLayer); }
+void Viewer::Redraw() { d_->redrawMap(); }
+void Viewer::RedrawLayer(std::int32_t IDLayer) { d_->drawMap(IDLayer); }
 void Viewer::ZoomIn() { d_->zoomAboutCentre(2); }
 void Viewer::ZoomOut() { d_->zoomAboutCentre(0.5f); }
 void Viewer::ZoomExtents() { d_->zoomToExtents(); }
@@ -258,15 +258,15 @@ float Viewer::CurrentZoom() const { return d_->viewport().CurrentZoom(); }
 
 void Viewer::ZoomToSelected(int IDLayer, const QList<int>& IDElement)
 {
-    d_->zoomToSelected(IDLayer, IDElement);
+    d_->showElements(IDLayer, IDElement);
 }
 
 void Viewer::SetToolTip(int IDLayer, const QString& ToolTipField)
 {
-    d_->setToolTip(IDLayer, ToolTipField);
+    d_->chooseToolTipLayer(IDLayer, ToolTipField);
 }
 
-void Viewer::RequestMissingCells() { d_->requestMissingCells(); }
+void Viewer::RequestMissingCells() { d_->requestCellsOfView(); }
 int Viewer::currentTool() const { return d_->tools().current(); }
 std::int32_t Viewer::PendingRequests() const { return d_->session().connection().pendingRequests(); }
 bool Viewer::isIdle() const { return d_->session().connection().idle(); }

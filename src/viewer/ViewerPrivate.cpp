@@ -42,8 +42,7 @@ void widenToMinimum(double& low, double& high)
 } // namespace
 
 ViewerPrivate::ViewerPrivate(Viewer& viewer)
-    : backColor(olecolor::kButtonFace),
-      foreColor(olecolor::kButtonText),
+    : surface{olecolor::kButtonFace, olecolor::kButtonText},
       viewer_(viewer),
       ownUi_(std::make_unique<WidgetUiServices>()),
       ui_(ownUi_.get()),
@@ -101,7 +100,7 @@ void ViewerPrivate::connectReceiveSide()
     QObject::connect(&connection, &ServerConnection::allRepliesIn, &viewer_, &Viewer::Redraw);
 }
 
-void ViewerPrivate::setToolTip(int layerId, const QString& field)
+void ViewerPrivate::chooseToolTipLayer(int layerId, const QString& field)
 {
     if (!toolTip_) {
         toolTip_ = std::make_unique<CToolTip>(viewer_, viewport_, document_.Layers(), *toolTipTimer_, *toolTipBox_,
@@ -130,7 +129,7 @@ void ViewerPrivate::refreshStatusLabel()
     statusLabel_->adjustSize();
 }
 
-void ViewerPrivate::mapLoaded()
+void ViewerPrivate::definitionLoaded()
 {
     emit viewer_.MapLoaded();
 }
@@ -142,7 +141,7 @@ QWidget* ViewerPrivate::dialogParent()
 
 void ViewerPrivate::firstShow()
 {
-    redraw();
+    redrawMap();
     if (session_.open()) {
         statusLabel_->show();
     }
@@ -154,9 +153,9 @@ void ViewerPrivate::resized()
     readingData_->move(viewer_.width() - readingData_->width() - kIndicatorMargin, kIndicatorMargin);
     BoundingBox keepCentreAndScale;
     if (viewport_.resize(viewer_.width(), viewer_.height(), keepCentreAndScale) && !document_.busy) {
-        setView(keepCentreAndScale);
+        showBox(keepCentreAndScale);
     } else {
-        redraw();
+        redrawMap();
     }
 }
 
@@ -170,29 +169,29 @@ void ViewerPrivate::placeCompanyLabel()
 void ViewerPrivate::applyColors()
 {
     QPalette colors = viewer_.palette();
-    colors.setColor(QPalette::Window, olecolor::toQColor(backColor, QApplication::palette()));
-    colors.setColor(QPalette::WindowText, olecolor::toQColor(foreColor, QApplication::palette()));
+    colors.setColor(QPalette::Window, olecolor::toQColor(surface.back, QApplication::palette()));
+    colors.setColor(QPalette::WindowText, olecolor::toQColor(surface.fore, QApplication::palette()));
     viewer_.setPalette(colors);
     // Back style 0 is transparent: the host's surface shows through.
-    viewer_.setAutoFillBackground(backStyle != 0);
+    viewer_.setAutoFillBackground(surface.backMode != 0);
     viewer_.update();
 }
 
-void ViewerPrivate::setView(const BoundingBox& box)
+void ViewerPrivate::showBox(const BoundingBox& box)
 {
     viewer_.setCursor(Qt::BusyCursor);
     hideRubberBand();
     viewport_.setSize(viewer_.width(), viewer_.height());
     viewport_.setProjection(document_.Projection);
     if (viewport_.SetView(box.MinX, box.MinY, box.MaxX, box.MaxY)) {
-        redraw();
-        requestMissingCells();
+        redrawMap();
+        requestCellsOfView();
     }
     selectToolCursor();
 }
 
 // Redrawing one layer draws the others from what they drew last.
-void ViewerPrivate::redrawMap(std::optional<std::int32_t> onlyLayer)
+void ViewerPrivate::drawMap(std::optional<std::int32_t> onlyLayer)
 {
     viewport_.setSize(viewer_.width(), viewer_.height());
     if (picture_.size() != viewer_.size()) {
@@ -220,14 +219,14 @@ void ViewerPrivate::zoomAbout(float factor, MapPoint centre)
 {
     BoundingBox box;
     if (!document_.busy && viewport_.zoomBox(factor, centre, box)) {
-        setView(box);
+        showBox(box);
     }
 }
 
 void ViewerPrivate::zoomToExtents()
 {
     if (!document_.busy) {
-        setView(document_.mapExtent);
+        showBox(document_.mapExtent);
     }
 }
 
@@ -257,7 +256,7 @@ void ViewerPrivate::finishNavigation(int tool, bool completed)
 void ViewerPrivate::resetTool()
 {
     tools_.reset();
-    redraw();
+    redrawMap();
 }
 
 void ViewerPrivate::selectToolCursor()
@@ -282,7 +281,7 @@ void ViewerPrivate::setPanOffset(QPoint offset)
     viewer_.update();
 }
 
-void ViewerPrivate::zoomToSelected(std::int32_t layerId, const QList<int>& elements)
+void ViewerPrivate::showElements(std::int32_t layerId, const QList<int>& elements)
 {
     const layer* mapLayer = document_.Layers().Find(layerId);
     if (document_.busy || !mapLayer || mapLayer->Tipo == ImageLayer || elements.isEmpty()) {
@@ -307,19 +306,19 @@ void ViewerPrivate::zoomToSelected(std::int32_t layerId, const QList<int>& eleme
     }
     widenToMinimum(box.MinX, box.MaxX);
     widenToMinimum(box.MinY, box.MaxY);
-    setView(box);
+    showBox(box);
 }
 
 void ViewerPrivate::paint()
 {
     QPainter painter(&viewer_);
-    if (backStyle != 0) {
+    if (surface.backMode != 0) {
         if (!panOffset_.isNull()) {
             painter.fillRect(viewer_.rect(), olecolor::toQColor(document_.BackgroundColor, viewer_.palette()));
         }
         painter.drawImage(panOffset_, picture_);
     }
-    if (borderStyle == 1) {
+    if (surface.border == 1) {
         painter.setPen(viewer_.palette().color(QPalette::WindowText));
         painter.drawRect(viewer_.rect().adjusted(0, 0, -1, -1));
     }
@@ -403,7 +402,7 @@ void ViewerPrivate::wheel(int steps, QPointF pixel)
     BoundingBox box;
     if (steps != 0 && viewport_.viewReady() && !document_.busy &&
         viewport_.zoomBoxAboutPixel(steps > 0 ? 2.0f : 0.5f, pixel.x(), pixel.y(), box)) {
-        setView(box);
+        showBox(box);
     }
 }
 
@@ -421,7 +420,7 @@ void ViewerPrivate::navigationKey(int key)
 void ViewerPrivate::panByQuarter(int east, int north)
 {
     if (!document_.busy && viewport_.viewReady()) {
-        setView(viewport_.shiftedViewBox(kArrowPanShare * east, kArrowPanShare * north));
+        showBox(viewport_.shiftedViewBox(kArrowPanShare * east, kArrowPanShare * north));
     }
 }
 

@@ -40,18 +40,17 @@ public:
     ViewerPrivate(const ViewerPrivate&) = delete;
     ViewerPrivate& operator=(const ViewerPrivate&) = delete;
 
-    // SessionEvents
-    void redrawMap() override { redraw(); }
+    // SessionEvents and MapToolHost
+    void redrawMap() override { drawMap(std::nullopt); }
     void zoomToExtents() override;
     void changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName = {}) override;
-    void mapLoaded() override;
+    void definitionLoaded() override;
     QWidget* dialogParent() override;
 
     // MapToolHost
     const Viewport& viewport() const override { return viewport_; }
-    void setView(const BoundingBox& box) override;
+    void showBox(const BoundingBox& box) override;
     void zoomAbout(float factor, MapPoint centre) override;
-    void redraw() override { redrawMap(std::nullopt); }
     void showRubberBand(const QRect& rectangle) override;
     void hideRubberBand() override;
     void setPanOffset(QPoint offset) override;
@@ -60,15 +59,15 @@ public:
     void setUiServices(UiServices& services);
     UiServices& ui() const { return *ui_; }
 
-    void redrawMap(std::optional<std::int32_t> onlyLayer);
+    void drawMap(std::optional<std::int32_t> onlyLayer);
     void zoomAboutCentre(float factor);
     void armTool(int number);
     // Arms the zoom-by-factor tool with a new factor.
     void armZoomFactor(float factor);
     void resetTool();
-    void zoomToSelected(std::int32_t layerId, const QList<int>& elements);
-    void setToolTip(int layerId, const QString& field);
-    void requestMissingCells() { session_.cells().requestMissingCells(); }
+    void showElements(std::int32_t layerId, const QList<int>& elements);
+    void chooseToolTipLayer(int layerId, const QString& field);
+    void requestCellsOfView() { session_.cells().requestCellsOfView(); }
 
     void firstShow();
     void resized();
@@ -91,14 +90,18 @@ public:
     QWidget* toolTipBox() const { return toolTipBox_; }
     const QLabel* toolTipLabel() const { return toolTipLabel_; }
 
-    // The persisted properties that the widget does not hold itself.
+    // The persisted properties of the surface that the widget does not hold
+    // itself: colours (OLE numbers), 3-D look, back style (0 transparent)
+    // and border style (1 a frame).
+    struct Surface {
+        std::uint32_t back;
+        std::uint32_t fore;
+        std::int16_t look = 1;
+        std::int16_t backMode = 1;
+        std::int16_t border = 0;
+    } surface;
     bool userMode = true;
     bool firstShowPending = true;
-    std::uint32_t backColor;
-    std::uint32_t foreColor;
-    std::int16_t appearance = 1;
-    std::int16_t backStyle = 1;
-    std::int16_t borderStyle = 0;
 
 private:
     void createSurface();

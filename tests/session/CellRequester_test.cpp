@@ -51,14 +51,14 @@ protected:
 TEST_F(CellRequesterTest, TheCellsOfTheViewAreRequestedOnce)
 {
     ASSERT_TRUE(view.SetView(0, 0, 2, 1));
-    cells.requestMissingCells();
+    cells.requestCellsOfView();
     const auto [geometry, labels] = requestedCells();
     EXPECT_TRUE(geometry.contains({90, 181}));
     EXPECT_EQ(labels, geometry);
     EXPECT_EQ(requests.pending, static_cast<int>(geometry.size() + labels.size()));
     EXPECT_TRUE(events.status.text().contains("Requesting Layer Calles"));
 
-    cells.requestMissingCells();
+    cells.requestCellsOfView();
     EXPECT_TRUE(requests.sent.empty());
 }
 
@@ -67,10 +67,10 @@ TEST_F(CellRequesterTest, LayersThatShowNothingAskForNothing)
 {
     ASSERT_TRUE(view.SetView(0, 0, 2, 1));
     streets.setUserVisibility(0);
-    cells.requestMissingCells();
+    cells.requestCellsOfView();
     streets.setUserVisibility(2);
     streets.GridDeltaX = 0;
-    cells.requestMissingCells();
+    cells.requestCellsOfView();
     EXPECT_TRUE(requests.sent.empty());
 }
 

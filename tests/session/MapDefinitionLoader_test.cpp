@@ -283,7 +283,7 @@ TEST_F(MapDefinitionLoader, NonsenseExtentsAndGridsAreSurvived)
         view.setProjection(document.Projection);
         view.SetView(document.mapExtent.MinX, document.mapExtent.MinY, document.mapExtent.MaxX,
                      document.mapExtent.MaxY);
-        cells.requestMissingCells();
+        cells.requestCellsOfView();
         QImage picture(400, 300, QImage::Format_ARGB32_Premultiplied);
         MapRenderer(QPalette(), QFont(), 96).render(picture, view, document);
         EXPECT_EQ(document.Layers().count(), 3);

@@ -40,7 +40,7 @@ public:
     {
         status.change(layerId, step, layerName);
     }
-    void mapLoaded() override { ++loaded; }
+    void definitionLoaded() override { ++loaded; }
     QWidget* dialogParent() override { return nullptr; }
 
     orbelan::StatusList status;

@@ -23,9 +23,9 @@ bool PanTool::release(const MapMouseEvent& event)
     const bool completed = host().viewport().movedViewBox(pressed_.map, event.map, moved);
     host().finishNavigation(kNumber, completed);
     if (completed) {
-        host().setView(moved);
+        host().showBox(moved);
     } else {
-        host().redraw();
+        host().redrawMap();
     }
     return false;
 }

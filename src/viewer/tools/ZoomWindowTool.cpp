@@ -24,10 +24,10 @@ bool ZoomWindowTool::release(const MapMouseEvent& event)
     const bool completed = host().viewport().geographicWindow(pressed_.map, event.map, window);
     host().finishNavigation(kNumber, completed);
     if (!completed) {
-        host().redraw();
+        host().redrawMap();
         return false;
     }
-    host().setView(window);
+    host().showBox(window);
     return true;
 }
 
