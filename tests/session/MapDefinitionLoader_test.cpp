@@ -131,7 +131,6 @@ TEST_F(MapDefinitionLoader, EveryLayerRecordFieldFindsItsPlace)
     EXPECT_EQ(layer30.lblZoomMin, 0.5f);
     EXPECT_EQ(layer30.lblZoomMax, 2.0f);
     EXPECT_EQ(layer30.UserLabelVisibility(), 1);
-    EXPECT_TRUE(layer30.lblBold);
     EXPECT_EQ(layer30.lblColor, 0x0000FF);
     EXPECT_EQ(layer30.ThematicField, "uso");
     EXPECT_EQ(layer30.ThematicType, 1);
@@ -156,45 +155,34 @@ TEST_F(MapDefinitionLoader, TheDefaultClassComesFirstWithTheLayersStyle)
     EXPECT_EQ(any.DrawWidth, 3);
     EXPECT_EQ(any.FillColor, 0x405060);
     EXPECT_EQ(any.FillStyle, 4);
-    const Theme& commercial = *classes.Item(2);
-    EXPECT_EQ(commercial.min, "Comercial");
-    EXPECT_EQ(commercial.DrawColor, 0xFF);
-    EXPECT_EQ(commercial.FillColor, 0xFF00);
-    EXPECT_EQ(commercial.FillStyle, 6);
-    const Theme& range = *classes.Item(3);
-    EXPECT_EQ(range.min, "10");
-    EXPECT_EQ(range.max, "20");
-    EXPECT_EQ(range.DrawStyle, 2);
-    EXPECT_EQ(range.DrawWidth, 3);
+    // The classes follow in record order, each read as a thematic class reply's.
+    EXPECT_EQ(classes.Item(2)->min, "Comercial");
+    EXPECT_EQ(classes.Item(3)->max, "20");
 
     const ThematicMap& plain = document.Layers().Find(12)->ThematicMap();
     ASSERT_EQ(plain.count(), 1);
     EXPECT_EQ(plain.Item(1)->min, "MICanyMIC");
 }
 
-TEST_F(MapDefinitionLoader, OnlyABoldValueOfOneMakesLabelsBold)
+// Bold only for a value of 1; the thematic field's type found whatever its
+// case; a "dir" field gives lines and polygons directions, hidden, but not points.
+TEST_F(MapDefinitionLoader, BoldThematicTypeAndDirectionsFollowEachLayersRecord)
 {
     reply(santiago());
-    EXPECT_TRUE(document.Layers().Find(30)->lblBold);
-    EXPECT_FALSE(document.Layers().Find(7)->lblBold);
-    EXPECT_FALSE(document.Layers().Find(12)->lblBold);
-}
-
-TEST_F(MapDefinitionLoader, TheThematicFieldsTypeIsFoundWhateverItsCase)
-{
-    reply(santiago());
-    EXPECT_EQ(document.Layers().Find(30)->ThematicFieldType, 202);
-    EXPECT_EQ(document.Layers().Find(7)->ThematicFieldType, 3);
-    EXPECT_EQ(document.Layers().Find(12)->ThematicFieldType, 0);
-}
-
-TEST_F(MapDefinitionLoader, ADirFieldGivesLinesAndPolygonsDirectionsButNotPoints)
-{
-    reply(santiago());
-    EXPECT_EQ(document.Layers().Find(30)->DirectionField, "DIR");
-    EXPECT_EQ(document.Layers().Find(7)->DirectionField, "DIR");
+    struct Expected {
+        std::int32_t id;
+        bool bold;
+        int thematicType;
+        const char* direction;
+    };
+    for (const Expected& want :
+         {Expected{30, true, 202, "DIR"}, Expected{7, false, 3, "DIR"}, Expected{12, false, 0, ""}}) {
+        const layer& mapLayer = *document.Layers().Find(want.id);
+        EXPECT_EQ(mapLayer.lblBold, want.bold) << want.id;
+        EXPECT_EQ(mapLayer.ThematicFieldType, want.thematicType) << want.id;
+        EXPECT_EQ(mapLayer.DirectionField, want.direction) << want.id;
+    }
     EXPECT_EQ(document.Layers().Find(7)->UserDirectionVisibility(), 0);
-    EXPECT_EQ(document.Layers().Find(12)->DirectionField, "");
     EXPECT_NE(document.Layers().Find(12)->Campos().Find("Dir"), nullptr);
 }
 

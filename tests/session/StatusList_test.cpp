@@ -6,13 +6,6 @@ using orbelan::StatusList;
 
 namespace {
 
-TEST(StatusList, AnEmptyListShowsNothing)
-{
-    StatusList status;
-    EXPECT_TRUE(status.empty());
-    EXPECT_EQ(status.text(), "");
-}
-
 TEST(StatusList, RequestsOfOneLayerAreCountedOnOneLine)
 {
     StatusList status;

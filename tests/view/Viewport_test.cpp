@@ -7,7 +7,6 @@
 #include <cmath>
 
 using orbelan::BoundingBox;
-using orbelan::MapPoint;
 using orbelan::Viewport;
 
 namespace {
@@ -55,21 +54,6 @@ TEST(ViewportLatLon, BoxesAreClampedNotWrapped)
     Viewport view = sized(360, 180);
     ASSERT_TRUE(view.SetView(170, -100, 200, 100));
     expectBox(view.projectedViewBox(), 170, -90, 180, 90, 0);
-}
-
-TEST(ViewportLatLon, ZoomingInThenOutReturnsToTheSameBox)
-{
-    Viewport view = sized(400, 300);
-    ASSERT_TRUE(view.SetView(-71, -34, -70, -33));
-    const BoundingBox before = view.viewBox();
-    const MapPoint middle{view.ScreenToWorldX(200), view.ScreenToWorldY(150)};
-    BoundingBox box;
-    ASSERT_TRUE(view.zoomBox(2, middle, box));
-    ASSERT_TRUE(view.SetView(box.MinX, box.MinY, box.MaxX, box.MaxY));
-    EXPECT_NEAR(view.viewBox().MaxX - view.viewBox().MinX, (before.MaxX - before.MinX) / 2, 1e-9);
-    ASSERT_TRUE(view.zoomBox(0.5f, middle, box));
-    ASSERT_TRUE(view.SetView(box.MinX, box.MinY, box.MaxX, box.MaxY));
-    expectBox(view.viewBox(), before.MinX, before.MinY, before.MaxX, before.MaxY, 1e-9);
 }
 
 TEST(ViewportLatLon, ResizingKeepsCentreAndScale)
@@ -144,31 +128,6 @@ TEST(ViewportAlbers, TheBoxCentreIsTheProjectionsOrigin)
     EXPECT_GT(view.viewBox().MaxY, 50);
     EXPECT_LE(view.viewBox().MinX, -125);
     EXPECT_GE(view.viewBox().MaxX, -66);
-}
-
-} // namespace
-
-namespace {
-
-// The projection code picks the projection the view goes through; a code
-// that names none leaves the map without a view.
-TEST(ViewportProjection, TheCodeSelectsTheProjection)
-{
-    struct Case {
-        int code;
-        bool shown;
-        // Whether the projected plane is in metres rather than degrees.
-        bool metres;
-    };
-    for (const Case& c : {Case{0, true, false}, Case{1, true, true}, Case{81, true, true}, Case{119, true, true},
-                          Case{2, false, false}, Case{200, false, false}}) {
-        Viewport view = sized(400, 300, c.code);
-        EXPECT_EQ(view.SetView(-70.75, -33.5, -70.5, -33.25), c.shown) << c.code;
-        EXPECT_EQ(view.viewReady(), c.shown) << c.code;
-        if (c.shown) {
-            EXPECT_EQ(std::abs(view.centre().x) > 1000, c.metres) << c.code;
-        }
-    }
 }
 
 } // namespace
