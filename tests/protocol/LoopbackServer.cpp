@@ -39,9 +39,7 @@ const Bytes& LoopbackServer::received(int connection) const
 
 bool LoopbackServer::waitForReceived(int connection, std::size_t count)
 {
-    return waitUntil([&] {
-        return connection < connectionCount() && received(connection).size() >= count;
-    });
+    return waitUntil([&] { return connection < connectionCount() && received(connection).size() >= count; });
 }
 
 void LoopbackServer::write(int connection, const Bytes& bytes)

@@ -22,11 +22,10 @@ namespace {
 QByteArray digestOf(Database& database)
 {
     QCryptographicHash hash(QCryptographicHash::Sha256);
-    for (const char* sql : {"SELECT layer_id, id, vertices FROM elements ORDER BY 1, 2",
-                            "SELECT * FROM cells ORDER BY 1, 2, 3, 4",
-                            "SELECT * FROM layer_101_attributes ORDER BY 1",
-                            "SELECT * FROM layer_102_attributes ORDER BY 1",
-                            "SELECT * FROM layer_103_attributes ORDER BY 1"}) {
+    for (const char* sql :
+         {"SELECT layer_id, id, vertices FROM elements ORDER BY 1, 2", "SELECT * FROM cells ORDER BY 1, 2, 3, 4",
+          "SELECT * FROM layer_101_attributes ORDER BY 1", "SELECT * FROM layer_102_attributes ORDER BY 1",
+          "SELECT * FROM layer_103_attributes ORDER BY 1"}) {
         QSqlQuery query = database.prepare(QString::fromUtf8(sql));
         Database::run(query);
         while (query.next()) {
@@ -55,16 +54,12 @@ TEST_F(DemoBuild, SantiagoHasTheStreetsParcelsAndPlacesOfACity)
     EXPECT_EQ(map->projection, 81);
     ASSERT_EQ(map->layers.size(), 3u);
     const auto elements = [this](std::int32_t layer) {
-        return countRows(
-            database,
-            QStringLiteral("SELECT COUNT(*) FROM elements WHERE layer_id = %1").arg(layer));
+        return countRows(database, QStringLiteral("SELECT COUNT(*) FROM elements WHERE layer_id = %1").arg(layer));
     };
     EXPECT_GE(elements(SantiagoGenerator::kStreetsLayer), 5000);
     EXPECT_GE(elements(SantiagoGenerator::kParcelsLayer), 10000);
     EXPECT_GE(elements(SantiagoGenerator::kPlacesLayer), 1000);
-    EXPECT_GE(
-        countRows(database, QStringLiteral("SELECT COUNT(DISTINCT USO) FROM layer_102_attributes")),
-        5);
+    EXPECT_GE(countRows(database, QStringLiteral("SELECT COUNT(DISTINCT USO) FROM layer_102_attributes")), 5);
     for (const auto& layer : map->layers) {
         EXPECT_LE(layer.minCol, layer.maxCol) << layer.name;
         EXPECT_LE(layer.minRow, layer.maxRow) << layer.name;
@@ -78,12 +73,8 @@ TEST_F(DemoBuild, UsersDrawViewOrAreRefused)
     EXPECT_TRUE(reader.mayOpen(DemoBuilder::kAdmin, SantiagoGenerator::kMapCode));
     EXPECT_TRUE(reader.mayOpen(DemoBuilder::kViewer, SantiagoGenerator::kMapCode));
     EXPECT_FALSE(reader.mayOpen(DemoBuilder::kGuest, SantiagoGenerator::kMapCode));
-    EXPECT_EQ(reader.layerLevel(DemoBuilder::kAdmin, SantiagoGenerator::kMapCode,
-                                SantiagoGenerator::kStreetsLayer),
-              3);
-    EXPECT_EQ(reader.layerLevel(DemoBuilder::kViewer, SantiagoGenerator::kMapCode,
-                                SantiagoGenerator::kPlacesLayer),
-              1);
+    EXPECT_EQ(reader.layerLevel(DemoBuilder::kAdmin, SantiagoGenerator::kMapCode, SantiagoGenerator::kStreetsLayer), 3);
+    EXPECT_EQ(reader.layerLevel(DemoBuilder::kViewer, SantiagoGenerator::kMapCode, SantiagoGenerator::kPlacesLayer), 1);
 }
 
 TEST_F(DemoBuild, BuildingAgainGivesTheSameMap)

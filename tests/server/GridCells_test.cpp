@@ -23,8 +23,7 @@ TEST(GridCells, ABoxTouchesEveryCellBetweenItsCorners)
 {
     const GridCells unit(1.0f, 1.0f);
     const std::vector<CellIndex> cells = unit.cellsOf({0.2, 0.2, 2.2, 1.2}, 100);
-    const std::vector<CellIndex> expected = {{90, 180}, {90, 181}, {90, 182},
-                                             {91, 180}, {91, 181}, {91, 182}};
+    const std::vector<CellIndex> expected = {{90, 180}, {90, 181}, {90, 182}, {91, 180}, {91, 181}, {91, 182}};
     EXPECT_EQ(cells, expected);
     EXPECT_THROW(unit.cellsOf({-180.0, -90.0, 180.0, 90.0}, 1000), std::length_error);
     EXPECT_THROW(GridCells(0.0f, 1.0f), std::invalid_argument);

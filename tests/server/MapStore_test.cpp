@@ -87,16 +87,14 @@ TEST_F(MapStore, AnElementIsFiledInEveryCellItsBoxTouches)
 
 TEST_F(MapStore, CellValuesComeAsTextByStoredFieldName)
 {
-    EXPECT_EQ(reader.storedFieldName(SampleStore::kBlocks, QStringLiteral("area")),
-              QStringLiteral("AREA"));
+    EXPECT_EQ(reader.storedFieldName(SampleStore::kBlocks, QStringLiteral("area")), QStringLiteral("AREA"));
     EXPECT_FALSE(reader.storedFieldName(SampleStore::kBlocks, QStringLiteral("STREET")));
     EXPECT_FALSE(reader.storedFieldName(SampleStore::kBlocks, QStringLiteral("AREA\"; --")));
 
     const std::vector<CellValue> areas = {{7, "1234.5"}};
     EXPECT_EQ(reader.cellValues(SampleStore::kBlocks, 5655, 10932, QStringLiteral("AREA")), areas);
     const std::vector<CellValue> directions = {{1, "1"}, {2, "-1"}, {3, ""}};
-    EXPECT_EQ(reader.cellValues(SampleStore::kStreets, 5655, 10935, QStringLiteral("DIR")),
-              directions);
+    EXPECT_EQ(reader.cellValues(SampleStore::kStreets, 5655, 10935, QStringLiteral("DIR")), directions);
 }
 
 TEST_F(MapStore, AccessFollowsGrantsAndTheLayersMap)
@@ -121,8 +119,7 @@ TEST_F(MapStore, AFailedWriteLeavesTheStoreAsItWas)
         writer.addElement(SampleStore::kLandmarks, {41, {{-200.0, -33.4}}, {}});
     }),
                  StorageError);
-    EXPECT_THROW(writer.addElement(SampleStore::kLandmarks, {5, {{-70.6, -33.4}}, {}}),
-                 StorageError);
+    EXPECT_THROW(writer.addElement(SampleStore::kLandmarks, {5, {{-70.6, -33.4}}, {}}), StorageError);
     EXPECT_THROW(writer.setLayerLevel(1, SampleStore::kStreets, 4), StorageError);
     EXPECT_EQ(countRows(database, QStringLiteral("SELECT COUNT(*) FROM elements")), elements);
     EXPECT_EQ(countRows(database, QStringLiteral("SELECT COUNT(*) FROM cells")), cells);
@@ -140,8 +137,7 @@ TEST_F(MapStore, FieldNamesAreColumnNamesNeverStatementText)
     const std::int32_t id = writer.addLayer(SampleStore::kMap, layer);
     writer.addElement(id, {1, {{-70.65, -33.45}}, {QStringLiteral("valor")}});
     const std::vector<CellValue> values = {{1, "valor"}};
-    EXPECT_EQ(reader.cellValues(id, 5655, 10935, QStringLiteral("x\"; DROP TABLE users; --")),
-              values);
+    EXPECT_EQ(reader.cellValues(id, 5655, 10935, QStringLiteral("x\"; DROP TABLE users; --")), values);
     EXPECT_TRUE(reader.mayOpen(1, SampleStore::kMap));
 
     layer.fields = {{"element_id", 3}};

@@ -47,8 +47,7 @@ TEST(RequestHandler, RandomPayloadsNeverEscapeTheHandler)
         ASSERT_NO_THROW(handler.handle(session, received)) << "round " << round;
     }
     session = SessionState{true, 1, SampleStore::kMap, {}};
-    DWBUffer request =
-        messages::buildMessage(messages::CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    DWBUffer request = messages::buildMessage(messages::CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
     const HandlerOutcome outcome = handler.handle(session, request);
     ASSERT_EQ(outcome.action, HandlerOutcome::Action::Reply);
     DWBUffer reply(outcome.reply.bytes());

@@ -26,8 +26,7 @@ void expectRoundTripAndTruncation(const Message& original)
     const std::vector<std::uint8_t> bytes = orbelan::messages::buildMessage(original).buffer();
     EXPECT_EQ(decodeWhole<Message>(bytes), original);
     for (std::size_t length = 10; length < bytes.size(); ++length) {
-        const std::vector<std::uint8_t> prefix(bytes.begin(),
-                                               bytes.begin() + static_cast<std::ptrdiff_t>(length));
+        const std::vector<std::uint8_t> prefix(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(length));
         EXPECT_THROW(decodeWhole<Message>(prefix), orbelan::WireReadError) << "length " << length;
     }
 }
