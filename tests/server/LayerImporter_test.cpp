@@ -62,13 +62,11 @@ protected:
 
     ImportOptions options(const QString& source)
     {
-        ImportOptions result;
-        result.source = source;
-        result.map = 7;
-        result.mapName = QStringLiteral("Parques");
-        result.labelField = QStringLiteral("NAME");
-        result.labelZoomMax = 2.5f;
-        return result;
+        return {.source = source,
+                .map = 7,
+                .labelField = QStringLiteral("NAME"),
+                .labelZoomMax = 2.5f,
+                .mapName = QStringLiteral("Parques")};
     }
 
     QTemporaryDir dir;
@@ -92,29 +90,21 @@ TEST_F(LayerImport, TypesAreMappedAndMultiGeometriesSplit)
     const std::vector<messages::FieldRecord> fields = {
         {"name", 202}, {"pop", 3}, {"big", 20}, {"ratio", 5}, {"founded", 202}};
     EXPECT_EQ(record.fields, fields);
-    EXPECT_EQ(
-        countRows(database,
-                  QStringLiteral("SELECT COUNT(*) FROM elements WHERE layer_id = %1").arg(layer)),
-        3);
-    EXPECT_EQ(countRows(database, QStringLiteral(
-                                      "SELECT COUNT(*) FROM layer_%1_attributes WHERE name = 'Uno' "
-                                      "AND big = 5000000000 AND founded = '2020-01-02'")
-                                      .arg(layer)),
-              2);
-    EXPECT_EQ(countRows(database,
-                        QStringLiteral("SELECT COUNT(*) FROM layer_%1_attributes WHERE pop IS NULL")
-                            .arg(layer)),
-              1);
+    EXPECT_EQ(countRows(database, QStringLiteral("SELECT COUNT(*) FROM elements WHERE layer_id = %1").arg(layer)), 3);
+    const auto attributeRows = [&](const char* condition) {
+        const QString sql = QStringLiteral("SELECT COUNT(*) FROM layer_%1_attributes WHERE %2");
+        return countRows(database, sql.arg(layer).arg(QString::fromUtf8(condition)));
+    };
+    EXPECT_EQ(attributeRows("name = 'Uno' AND big = 5000000000 AND founded = '2020-01-02'"), 2);
+    EXPECT_EQ(attributeRows("pop IS NULL"), 1);
     EXPECT_NE(report.str().find("skipped 1"), std::string::npos);
     EXPECT_NE(report.str().find("dropped 1 polygon holes"), std::string::npos);
 }
 
 TEST_F(LayerImport, CoordinatesArriveInLongitudeLatitude)
 {
-    ImportOptions utm = options(write("plaza.geojson", kUtmPoint));
-    const std::int32_t layer = importer.import(utm);
-    QSqlQuery box =
-        database.prepare(QStringLiteral("SELECT min_x, min_y FROM elements WHERE layer_id = ?"));
+    const std::int32_t layer = importer.import(options(write("plaza.geojson", kUtmPoint)));
+    QSqlQuery box = database.prepare(QStringLiteral("SELECT min_x, min_y FROM elements WHERE layer_id = ?"));
     Database::runWith(box, {layer});
     ASSERT_TRUE(box.next());
     EXPECT_NEAR(box.value(0).toDouble(), -70.65, 0.05);
@@ -127,14 +117,11 @@ TEST_F(LayerImport, AFailedImportChangesNothing)
     ImportOptions unknownLabel = options(write("parks.geojson", kParks));
     unknownLabel.labelField = QStringLiteral("nope");
     EXPECT_THROW(importer.import(unknownLabel), std::invalid_argument);
-    EXPECT_THROW(importer.import(options(dir.filePath(QStringLiteral("missing.geojson")))),
-                 std::runtime_error);
+    EXPECT_THROW(importer.import(options(dir.filePath(QStringLiteral("missing.geojson")))), std::runtime_error);
     EXPECT_EQ(countRows(database, QStringLiteral("SELECT COUNT(*) FROM maps")), 0);
     EXPECT_EQ(countRows(database, QStringLiteral("SELECT COUNT(*) FROM layers")), 0);
     EXPECT_EQ(
-        countRows(database,
-                  QStringLiteral(
-                      "SELECT COUNT(*) FROM sqlite_master WHERE name GLOB 'layer_*_attributes'")),
+        countRows(database, QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE name GLOB 'layer_*_attributes'")),
         0);
 }
 
@@ -144,8 +131,7 @@ TEST(ImportCellSize, CellsThatHoldDataHoldAFewHundredVertices)
     layer.extent = {-180.0, -60.0, 180.0, 80.0};
     // A dense city and one far-off point stretching the extent.
     for (int k = 0; k < 20'000; ++k) {
-        layer.elements.push_back(
-            {k + 1, {{-70.7 + (k % 200) * 0.0005, -33.5 + (k / 200) * 0.0005}}, {}});
+        layer.elements.push_back({k + 1, {{-70.7 + (k % 200) * 0.0005, -33.5 + (k / 200) * 0.0005}}, {}});
     }
     layer.elements.push_back({20'001, {{179.0, 79.0}}, {}});
     layer.vertexCount = layer.elements.size();

@@ -23,6 +23,12 @@ namespace {
 
 constexpr double kCentimetreInDegrees = 0.01 / 111'000.0;
 
+// The sample store's busy cell, around -70.65 / -33.45.
+CellGeometryRequest busyCell(std::int32_t layer)
+{
+    return {layer, 5655, 10935};
+}
+
 class MapServerTest : public ::testing::Test {
 protected:
     void SetUp() override { port = server->start(); }
@@ -51,13 +57,11 @@ TEST_F(MapServerTest, StartupExchangeGivesTheMapAndTheConnectionsOwnLevels)
     EXPECT_EQ(map->layers[0].id, SampleStore::kStreets);
 
     // The user id of the request is not the connection's: user 2's levels come back.
-    const auto levels = client->ask<LayerAccessLevels>(LayerAccessLevelsRequest{
-        1, {SampleStore::kStreets, SampleStore::kLandmarks, SampleStore::kOtherLayer, 999}});
+    const auto levels = client->ask<LayerAccessLevels>(
+        LayerAccessLevelsRequest{1, {SampleStore::kStreets, SampleStore::kLandmarks, SampleStore::kOtherLayer, 999}});
     ASSERT_TRUE(levels);
-    const std::vector<LayerAccessLevels::Entry> expected = {{SampleStore::kStreets, 1},
-                                                            {SampleStore::kLandmarks, 0},
-                                                            {SampleStore::kOtherLayer, 0},
-                                                            {999, 0}};
+    const std::vector<LayerAccessLevels::Entry> expected = {
+        {SampleStore::kStreets, 1}, {SampleStore::kLandmarks, 0}, {SampleStore::kOtherLayer, 0}, {999, 0}};
     EXPECT_EQ(levels->levels, expected);
 }
 
@@ -66,23 +70,19 @@ TEST_F(MapServerTest, ANewAccessRequestStartsFromTheNewUsersLevels)
     auto client = admitted(2);
     const LayerAccessLevelsRequest request{0, {SampleStore::kLandmarks}};
     EXPECT_EQ(client->ask<LayerAccessLevels>(request)->levels[0].level, 0);
-    EXPECT_TRUE(client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kLandmarks, 5655, 10935})
-                    ->elements.empty());
+    EXPECT_TRUE(client->ask<CellGeometry>(busyCell(SampleStore::kLandmarks))->elements.empty());
     ASSERT_TRUE(client->ask<AccessAnswer>(AccessRequest{1, SampleStore::kMap})->granted());
     EXPECT_EQ(client->ask<LayerAccessLevels>(request)->levels[0].level, 3);
-    EXPECT_EQ(client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kLandmarks, 5655, 10935})
-                  ->elements.size(),
-              1u);
+    EXPECT_EQ(client->ask<CellGeometry>(busyCell(SampleStore::kLandmarks))->elements.size(), 1u);
     ASSERT_FALSE(client->ask<AccessAnswer>(AccessRequest{3, SampleStore::kMap})->granted());
-    client->send(CellGeometryRequest{SampleStore::kLandmarks, 5655, 10935});
+    client->send(busyCell(SampleStore::kLandmarks));
     EXPECT_TRUE(client->closedByServer()) << "a refused access request undoes the earlier one";
 }
 
 TEST_F(MapServerTest, CellsCarryGeometryAndValuesWithinACentimetre)
 {
     auto client = admitted(1);
-    const auto streets =
-        client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    const auto streets = client->ask<CellGeometry>(busyCell(SampleStore::kStreets));
     ASSERT_TRUE(streets);
     EXPECT_EQ(streets->row, 5655);
     EXPECT_EQ(streets->column, 10935);
@@ -97,8 +97,8 @@ TEST_F(MapServerTest, CellsCarryGeometryAndValuesWithinACentimetre)
     ASSERT_EQ(world->elements.size(), 1u);
     EXPECT_EQ(world->elements[0].points[0], (WirePoint{-120.123456789, -40.0}));
 
-    const auto labels = client->ask<CellFieldValues>(
-        CellFieldValuesRequest{SampleStore::kStreets, 5655, 10935, "street"});
+    const auto labels =
+        client->ask<CellFieldValues>(CellFieldValuesRequest{SampleStore::kStreets, 5655, 10935, "street"});
     ASSERT_TRUE(labels);
     EXPECT_EQ(labels->field, "street");
     EXPECT_EQ(labels->values, (std::vector<std::string>{"Alameda", "Matucana"}));
@@ -113,8 +113,7 @@ TEST_F(MapServerTest, ALargePolygonIsServedInEveryCellOfItsBox)
     int served = 0;
     for (std::int32_t row = 5651; row <= 5658; ++row) {
         for (std::int32_t column = 10930; column <= 10935; ++column) {
-            const auto cell =
-                client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kBlocks, row, column});
+            const auto cell = client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kBlocks, row, column});
             ASSERT_TRUE(cell);
             served += static_cast<int>(cell->elements.size());
         }
@@ -127,12 +126,12 @@ TEST_F(MapServerTest, ALargePolygonIsServedInEveryCellOfItsBox)
 TEST_F(MapServerTest, UnknownOrForbiddenRequestsGetOneEmptyReplyEach)
 {
     auto client = admitted(2);
-    client->send(CellGeometryRequest{999, 5655, 10935});
+    client->send(busyCell(999));
     client->send(CellGeometryRequest{SampleStore::kStreets, 1, 1});
-    client->send(CellGeometryRequest{SampleStore::kLandmarks, 5655, 10935});
+    client->send(busyCell(SampleStore::kLandmarks));
     client->send(CellFieldValuesRequest{SampleStore::kStreets, 5655, 10935, "NOPE"});
     client->send(CellFieldValuesRequest{SampleStore::kStreets, 5655, 10935, "STREET\xC2\x81"});
-    client->send(CellGeometryRequest{SampleStore::kOtherLayer, 5655, 10935});
+    client->send(busyCell(SampleStore::kOtherLayer));
     client->send(MapDefinitionRequest{SampleStore::kOtherMap});
     for (int i = 0; i < 3; ++i) {
         const auto cell = client->reply<CellGeometry>();
@@ -158,8 +157,7 @@ TEST_F(MapServerTest, UnknownOrForbiddenRequestsGetOneEmptyReplyEach)
 TEST_F(MapServerTest, AClientThatDoesNotReadGetsEveryReplyLater)
 {
     auto client = admitted(1);
-    const auto request =
-        buildMessage(CellGeometryRequest{SampleStore::kStreets, 5655, 10935}).buffer();
+    const auto request = buildMessage(busyCell(SampleStore::kStreets)).buffer();
     constexpr int kRequests = 50000; // some 5.7 MB of replies, more than the server holds unsent
     std::vector<std::uint8_t> burst;
     for (int i = 0; i < kRequests; ++i) {
@@ -179,7 +177,7 @@ TEST_F(MapServerTest, AccessIsRefusedAndARequestBeforeItClosesTheConnection)
     const auto answer = refused.ask<AccessAnswer>(AccessRequest{3, SampleStore::kMap});
     ASSERT_TRUE(answer);
     EXPECT_FALSE(answer->granted());
-    refused.send(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    refused.send(busyCell(SampleStore::kStreets));
     EXPECT_TRUE(refused.closedByServer());
 
     WireClient early(port);
@@ -204,7 +202,7 @@ TEST_F(MapServerTest, BadInputIsDroppedOrClosedWhileOthersAreServed)
     auto bystander = admitted(1);
 
     auto client = admitted(1);
-    DWBUffer truncated = buildMessage(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    DWBUffer truncated = buildMessage(busyCell(SampleStore::kStreets));
     std::vector<std::uint8_t> bytes = truncated.buffer();
     bytes.resize(bytes.size() - 3);
     bytes[4] = static_cast<std::uint8_t>(bytes.size());
@@ -214,8 +212,7 @@ TEST_F(MapServerTest, BadInputIsDroppedOrClosedWhileOthersAreServed)
     unknown.PutInteger(999);
     unknown.cerrarMensaje(0);
     client->sendBytes(unknown.buffer());
-    const auto answer =
-        client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    const auto answer = client->ask<CellGeometry>(busyCell(SampleStore::kStreets));
     ASSERT_TRUE(answer) << "the dropped requests were not answered, the next one was";
     EXPECT_EQ(answer->elements.size(), 3u);
 
@@ -223,8 +220,7 @@ TEST_F(MapServerTest, BadInputIsDroppedOrClosedWhileOthersAreServed)
     oversized.sendBytes({'M', 'I', 'C', ' ', 0xFF, 0xFF, 0xFF, 0x7F, 2, 0});
     EXPECT_TRUE(oversized.closedByServer());
 
-    const auto served =
-        bystander->ask<CellGeometry>(CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    const auto served = bystander->ask<CellGeometry>(busyCell(SampleStore::kStreets));
     ASSERT_TRUE(served);
     EXPECT_EQ(served->elements.size(), 3u);
     const std::string log = server->log();

@@ -33,14 +33,8 @@ SampleStore::SampleStore()
 void SampleStore::addMaps()
 {
     MapWriter writer(*database_);
-    messages::MapDefinition header;
-    header.name = "Ñuñoa";
-    header.minX = -70.7f;
-    header.minY = -33.5f;
-    header.maxX = -70.5f;
-    header.maxY = -33.4f;
-    header.background = 0xF0F0F0;
-    header.projection = 81;
+    messages::MapDefinition header{.name = "Ñuñoa", .minX = -70.7f, .minY = -33.5f, .maxX = -70.5f, .maxY = -33.4f,
+                                   .background = 0xF0F0F0, .projection = 81};
     writer.createMap(kMap, header);
     header.name = "Otro";
     writer.createMap(kOtherMap, header);
@@ -73,17 +67,13 @@ void SampleStore::addElements()
     writer.addElement(kStreets, {2, {{-70.6508, -33.4501}, {-70.6505, -33.4495}}, {"Alameda", -1}});
     writer.addElement(kStreets, {3, {{-70.6502, -33.4503}, {-70.6497, -33.4497}}, {"Matucana"}});
     // A polygon whose box spans rows 5652..5657 and columns 10931..10934.
-    writer.addElement(
-        kBlocks,
-        {7,
-         {{-70.6912, -33.4789}, {-70.6588, -33.4789}, {-70.6588, -33.4291}, {-70.6912, -33.4789}},
-         {"Comercial", 1234.5}});
+    writer.addElement(kBlocks,
+                      {7,
+                       {{-70.6912, -33.4789}, {-70.6588, -33.4789}, {-70.6588, -33.4291}, {-70.6912, -33.4789}},
+                       {"Comercial", 1234.5}});
     writer.addElement(kLandmarks, {5, {{-70.65, -33.45}}, {}});
     writer.addElement(
-        kWorld,
-        {8,
-         {{-120.123456789, -40.0}, {120.0, -40.0}, {120.0, 40.987654321}, {-120.123456789, -40.0}},
-         {}});
+        kWorld, {8, {{-120.123456789, -40.0}, {120.0, -40.0}, {120.0, 40.987654321}, {-120.123456789, -40.0}}, {}});
     writer.addElement(kOtherLayer, {6, {{-70.65, -33.45}}, {}});
 }
 

@@ -21,12 +21,8 @@ struct ProgramRun {
     QString output;
 };
 
-ProgramRun runProgram(std::initializer_list<const char*> words)
+ProgramRun runProgram(const QStringList& arguments)
 {
-    QStringList arguments;
-    for (const char* word : words) {
-        arguments << QString::fromUtf8(word);
-    }
     QProcess process;
     process.start(kProgram, arguments);
     process.waitForFinished(120'000);
@@ -38,8 +34,7 @@ ProgramRun runProgram(std::initializer_list<const char*> words)
 quint16 startServing(QProcess& server, const QString& store)
 {
     server.setProcessChannelMode(QProcess::MergedChannels);
-    server.start(kProgram, {QStringLiteral("serve"), QStringLiteral("--db"), store,
-                            QStringLiteral("--port"), QStringLiteral("0")});
+    server.start(kProgram, {"serve", "--db", store, "--port", "0"});
     const QRegularExpression listening(QStringLiteral("listening on 127\\.0\\.0\\.1:(\\d+)"));
     QString log;
     while (server.waitForReadyRead(30'000)) {
@@ -59,14 +54,12 @@ TEST(ServerProgram, TheCommandsBuildAStoreThatServeGivesToWireClients)
 {
     QTemporaryDir dir;
     const QString store = dir.filePath(QStringLiteral("demo.sqlite"));
-    const QByteArray storePath = store.toUtf8();
-    const char* path = storePath.constData();
-    ASSERT_EQ(runProgram({"demo", "--db", path, "--offline", "--data", path}).status, 0);
-    const ProgramRun added = runProgram({"user", "add", "--db", path, "--name", "maría"});
+    ASSERT_EQ(runProgram({"demo", "--db", store, "--offline", "--data", store}).status, 0);
+    const ProgramRun added = runProgram({"user", "add", "--db", store, "--name", "maría"});
     EXPECT_EQ(added.status, 0);
     EXPECT_TRUE(added.output.contains(QStringLiteral("user 4 maría")));
-    EXPECT_EQ(runProgram({"user", "grant", "--db", path, "--user", "4", "--map", "1", "--level", "2"}).status, 0);
-    EXPECT_EQ(runProgram({"user", "grant", "--db", path, "--user", "4", "--map", "1", "--level", "9"}).status, 1);
+    EXPECT_EQ(runProgram({"user", "grant", "--db", store, "--user", "4", "--map", "1", "--level", "2"}).status, 0);
+    EXPECT_EQ(runProgram({"user", "grant", "--db", store, "--user", "4", "--map", "1", "--level", "9"}).status, 1);
     EXPECT_EQ(runProgram({"nonsense"}).status, 1);
     QProcess server;
     const quint16 port = startServing(server, store);
