@@ -15,16 +15,8 @@ Bytes header(std::int32_t length, std::int16_t code)
 {
     const auto l = static_cast<std::uint32_t>(length);
     const auto c = static_cast<std::uint16_t>(code);
-    return {'M',
-            'I',
-            'C',
-            ' ',
-            static_cast<std::uint8_t>(l),
-            static_cast<std::uint8_t>(l >> 8),
-            static_cast<std::uint8_t>(l >> 16),
-            static_cast<std::uint8_t>(l >> 24),
-            static_cast<std::uint8_t>(c),
-            static_cast<std::uint8_t>(c >> 8)};
+    const auto byte = [](std::uint32_t value, int shift) { return static_cast<std::uint8_t>(value >> shift); };
+    return {'M', 'I', 'C', ' ', byte(l, 0), byte(l, 8), byte(l, 16), byte(l, 24), byte(c, 0), byte(c, 8)};
 }
 
 // A well-formed message whose payload bytes count up from its code.

@@ -38,6 +38,15 @@ Payload longs(std::initializer_list<std::int32_t> values)
     };
 }
 
+Payload strings(std::initializer_list<const char*> values)
+{
+    return [values = std::vector<std::string>(values.begin(), values.end())](DWBUffer& message) {
+        for (const std::string& value : values) {
+            message.PutString(value);
+        }
+    };
+}
+
 } // namespace
 
 class ServerConnectionTest : public ::testing::Test {
@@ -80,10 +89,7 @@ TEST_F(ServerConnectionTest, RequestsLeaveByteExactAndOnlyCountedOnesAwaitAReply
 {
     connection.sendRequest(CommandCode::AccessRequest, longs({7, 3}));
     EXPECT_EQ(connection.pendingRequests(), 1);
-    connection.sendRequest(CommandCode::Login, [](DWBUffer& message) {
-        message.PutString("ana");
-        message.PutString("x");
-    });
+    connection.sendRequest(CommandCode::Login, strings({"ana", "x"}));
     EXPECT_EQ(connection.pendingRequests(), 1);
 
     const Bytes access = {'M', 'I', 'C', ' ', 18, 0, 0, 0, 10, 0, 7, 0, 0, 0, 3, 0, 0, 0};
@@ -143,8 +149,7 @@ TEST_F(ServerConnectionTest, MessagesWrittenInOddChunksReachTheHandlerWholeAndIn
 
     const Bytes a = serverMessage(CommandCode::ElementChangeNotification, longs({1, 2}));
     const Bytes b = serverMessage(CommandCode::NoAction107);
-    const Bytes c = serverMessage(CommandCode::SaveMapAnswer,
-                                  [](DWBUffer& message) { message.PutString("a longer third message"); });
+    const Bytes c = serverMessage(CommandCode::SaveMapAnswer, strings({"a longer third message"}));
     // A split header; its rest with a whole message and a split signature; the
     // rest of that header and a little more; the end. The last two continue a
     // message already in progress.
@@ -264,7 +269,7 @@ TEST_F(ServerConnectionTest, APartOfAMessageCutOffByALostConnectionDoesNotPrefix
 {
     recordMessages();
     connectBothEnds();
-    const Bytes cut = serverMessage(CommandCode::ResultTable, [](DWBUffer& m) { m.PutString("never finished"); });
+    const Bytes cut = serverMessage(CommandCode::ResultTable, strings({"never finished"}));
     server.write(0, slice(cut, 0, 12));
     server.drop(0);
     ASSERT_TRUE(waitUntil([&] { return connection.socket().State() == kSocketClosed; }));
@@ -302,7 +307,7 @@ TEST_F(ServerConnectionTest, AHandlerMayReplaceItselfWhileItRuns)
 
 TEST_F(ServerConnectionTest, ClosingDeliversTheLastRequestAndEndsClosed)
 {
-    connection.sendRequest(CommandCode::SaveMap, [](DWBUffer& m) { m.PutString("map"); });
+    connection.sendRequest(CommandCode::SaveMap, strings({"map"}));
     connection.closeAndWait();
     EXPECT_EQ(connection.socket().State(), kSocketClosed);
     EXPECT_TRUE(server.waitForReceived(0, 15));

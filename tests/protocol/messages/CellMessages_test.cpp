@@ -22,16 +22,12 @@ constexpr double kCentimetreInDegrees = 0.01 / 111'000.0;
 
 CellGeometry cellAround(double x, double y, double spread)
 {
-    CellGeometry cell;
-    cell.layer = 4;
-    cell.row = 57;
-    cell.column = 109;
-    cell.elements = {
-        {11, {{x, y}, {x + spread, y - spread}, {x - spread / 3, y + spread / 7}}},
-        {12, {{x + spread / 2, y + spread / 2}}},
-        {13, {}},
-    };
-    return cell;
+    return {.layer = 4,
+            .row = 57,
+            .column = 109,
+            .elements = {{11, {{x, y}, {x + spread, y - spread}, {x - spread / 3, y + spread / 7}}},
+                         {12, {{x + spread / 2, y + spread / 2}}},
+                         {13, {}}}};
 }
 
 void expectWithinCentimetre(const CellGeometry& sent, const CellGeometry& received)
@@ -61,13 +57,7 @@ TEST(CellMessages, RequestsAndRepliesSurviveEveryTruncation)
 
 TEST(CellMessages, RelativeCoordinatesHaveTheWireLayout)
 {
-    CellGeometry cell;
-    cell.layer = 1;
-    cell.row = 2;
-    cell.column = 3;
-    cell.relative = true;
-    cell.base = {-70.0, -33.0};
-    cell.elements = {{9, {{-69.5, -33.25}}}};
+    const CellGeometry cell{1, 2, 3, true, {-70.0, -33.0}, {{9, {{-69.5, -33.25}}}}};
     const Bytes expected = {'M', 'I', 'C',  ' ',  59, 0,    0,    0,    102, 0, //
                             1,   0,   0,    0,                                  // layer
                             2,   0,   0,    0,    3,  0,    0,    0,            // row, column
@@ -101,14 +91,11 @@ TEST(CellMessages, CoordinatesTravelRelativeOnlyWhenWithinACentimetre)
 TEST(CellMessages, EachDistinctValueTravelsOnce)
 {
     CellFieldValuesBuilder builder(4, "STREET");
-    builder.add(11, "Alameda");
-    builder.add(12, "Alameda");
-    builder.add(13, "Matucana");
-    builder.add(14, "");
-    const CellFieldValues reply = builder.take();
-    EXPECT_EQ(reply.values, (std::vector<std::string>{"Alameda", "Matucana", ""}));
-    const std::vector<CellFieldValues::Reference> expected = {{11, 1}, {12, 1}, {13, 2}, {14, 3}};
-    EXPECT_EQ(reply.references, expected);
+    for (const auto& [id, value] : {std::pair{11, "Alameda"}, {12, "Alameda"}, {13, "Matucana"}, {14, ""}}) {
+        builder.add(id, value);
+    }
+    const CellFieldValues expected{4, "STREET", {{11, 1}, {12, 1}, {13, 2}, {14, 3}}, {"Alameda", "Matucana", ""}};
+    EXPECT_EQ(builder.take(), expected);
 }
 
 } // namespace

@@ -18,49 +18,18 @@ namespace {
 
 LayerRecord streetsLayer()
 {
-    LayerRecord layer;
-    layer.name = "Calles";
-    layer.id = 7;
-    layer.type = 2;
-    layer.minCol = 11;
-    layer.minRow = 22;
-    layer.maxCol = 33;
-    layer.maxRow = 44;
-    layer.gridDeltaX = 0.01f;
-    layer.gridDeltaY = 0.02f;
-    layer.visibility = 2;
-    layer.zoomMin = 5.0f;
-    layer.zoomMax = 1e37f;
-    layer.drawColor = 0x0000FF;
-    layer.drawStyle = 1;
-    layer.drawWidth = 3;
-    layer.fillColor = 0x00FF00;
-    layer.fillStyle = 6;
-    layer.labelField = "STREET";
-    layer.labelZoomMin = 0.5f;
-    layer.labelZoomMax = 2.5f;
-    layer.labelVisibility = 2;
-    layer.labelBold = 1;
-    layer.labelColor = 0x808080;
-    layer.thematicField = "USO";
-    layer.thematicType = 1;
-    layer.fields = {{"STREET", 202}, {"DIR", 2}};
-    layer.classes = {{"Comercial", "Comercial", 1, 2, 3, 4, 5}};
-    return layer;
+    return {.name = "Calles", .id = 7, .type = 2, .minCol = 11, .minRow = 22, .maxCol = 33, .maxRow = 44,
+            .gridDeltaX = 0.01f, .gridDeltaY = 0.02f, .visibility = 2, .zoomMin = 5.0f, .zoomMax = 1e37f,
+            .drawColor = 0x0000FF, .drawStyle = 1, .drawWidth = 3, .fillColor = 0x00FF00, .fillStyle = 6,
+            .labelField = "STREET", .labelZoomMin = 0.5f, .labelZoomMax = 2.5f, .labelVisibility = 2,
+            .labelBold = 1, .labelColor = 0x808080, .thematicField = "USO", .thematicType = 1,
+            .fields = {{"STREET", 202}, {"DIR", 2}}, .classes = {{"Comercial", "Comercial", 1, 2, 3, 4, 5}}};
 }
 
 MapDefinition santiagoLike()
 {
-    MapDefinition map;
-    map.name = "Santiago Año 1";
-    map.minX = -70.8f;
-    map.minY = -33.6f;
-    map.maxX = -70.5f;
-    map.maxY = -33.3f;
-    map.background = 0xFFFFFF;
-    map.projection = 81;
-    map.layers = {streetsLayer(), LayerRecord{}};
-    return map;
+    return {.name = "Santiago Año 1", .minX = -70.8f, .minY = -33.6f, .maxX = -70.5f, .maxY = -33.3f,
+            .background = 0xFFFFFF, .projection = 81, .layers = {streetsLayer(), LayerRecord{}}};
 }
 
 TEST(StartupMessages, RequestsAndRepliesSurviveEveryTruncation)
@@ -115,22 +84,21 @@ TEST(StartupMessages, MapDefinitionReadsFieldsInWireOrder)
 
 TEST(StartupMessages, NegativeAndOverstatedCountsAreSafe)
 {
-    DWBUffer negative;
-    negative.CrearHeader();
-    negative.PutInteger(codeNumber(CommandCode::LayerAccessLevelsRequest));
-    negative.PutLong(3);
-    negative.PutInteger(-5);
-    negative.cerrarMensaje(0);
-    EXPECT_TRUE(decodeWhole<LayerAccessLevelsRequest>(negative.buffer()).layers.empty());
-
-    DWBUffer overstated;
-    overstated.CrearHeader();
-    overstated.PutInteger(codeNumber(CommandCode::LayerAccessLevelsRequest));
-    overstated.PutLong(3);
-    overstated.PutInteger(32767);
-    overstated.PutLong(7);
-    overstated.cerrarMensaje(0);
-    EXPECT_THROW(decodeWhole<LayerAccessLevelsRequest>(overstated.buffer()), WireReadError);
+    // A layer access levels request for user 3 whose count is followed by the given layers.
+    const auto request = [](std::int16_t count, std::initializer_list<std::int32_t> layers) {
+        DWBUffer message;
+        message.CrearHeader();
+        message.PutInteger(codeNumber(CommandCode::LayerAccessLevelsRequest));
+        message.PutLong(3);
+        message.PutInteger(count);
+        for (const std::int32_t layer : layers) {
+            message.PutLong(layer);
+        }
+        message.cerrarMensaje(0);
+        return message.buffer();
+    };
+    EXPECT_TRUE(decodeWhole<LayerAccessLevelsRequest>(request(-5, {})).layers.empty());
+    EXPECT_THROW(decodeWhole<LayerAccessLevelsRequest>(request(32767, {7})), WireReadError);
 }
 
 TEST(StartupMessages, ListsLongerThanTheirCountFieldAreRefused)
