@@ -119,11 +119,9 @@ TEST_F(ServerConnectionTest, ASendOnAClosedConnectionReopensItToTheLastHostAndPo
     }
 }
 
-TEST(ServerConnectionFailures, ASendAfterAFailedConnectionTriesAgainOnceSomethingListens)
+TEST_F(ServerConnectionTest, ASendAfterAFailedConnectionTriesAgainOnceSomethingListens)
 {
     const quint16 port = unusedPort();
-    ServerConnection connection;
-    connection.socket().setRemoteHost(QStringLiteral("127.0.0.1"));
     connection.socket().setRemotePort(port);
     EXPECT_FALSE(connection.connectToServer());
     EXPECT_EQ(connection.socket().State(), kSocketError);

@@ -22,22 +22,26 @@ std::vector<int> reportedStates(const QSignalSpy& spy)
     return states;
 }
 
-void aimAt(Socket& socket, quint16 port)
-{
-    socket.setRemoteHost(QStringLiteral("127.0.0.1"));
-    socket.setRemotePort(port);
-}
+// A socket aimed at a loopback server that accepts everything.
+class SocketTest : public ::testing::Test {
+protected:
+    SocketTest()
+    {
+        socket.setRemoteHost(QStringLiteral("127.0.0.1"));
+        socket.setRemotePort(server.port());
+    }
+
+    LoopbackServer server;
+    Socket socket;
+};
 
 } // namespace
 
-TEST(SocketStates, AConnectionReportsItsStateNumbersAndCloseEndsItAtOnce)
+TEST_F(SocketTest, AConnectionReportsItsStateNumbersAndCloseEndsItAtOnce)
 {
-    LoopbackServer server;
-    Socket socket;
     QSignalSpy states(&socket, &Socket::StateChanged);
     EXPECT_EQ(socket.State(), kSocketClosed);
 
-    aimAt(socket, server.port());
     socket.Connect();
     ASSERT_TRUE(waitUntil([&] { return socket.State() == kSocketConnected; }));
     socket.Close();
@@ -46,10 +50,9 @@ TEST(SocketStates, AConnectionReportsItsStateNumbersAndCloseEndsItAtOnce)
               (std::vector<int>{kSocketResolvingHost, kSocketConnecting, kSocketConnected, kSocketClosed}));
 }
 
-TEST(SocketStates, ARefusedConnectionReadsErrorUntilTheNextCloseOrConnect)
+TEST_F(SocketTest, ARefusedConnectionReadsErrorUntilTheNextCloseOrConnect)
 {
-    Socket socket;
-    aimAt(socket, unusedPort());
+    socket.setRemotePort(unusedPort());
     socket.Connect();
     ASSERT_TRUE(waitUntil([&] { return socket.State() == kSocketError; }));
     socket.Close();
@@ -62,35 +65,27 @@ TEST(SocketStates, ARefusedConnectionReadsErrorUntilTheNextCloseOrConnect)
     EXPECT_NE(socket.State(), kSocketError);
 }
 
-TEST(SocketStates, APeerClosingTheConnectionLeavesItClosedNotFailed)
+TEST_F(SocketTest, APeerClosingTheConnectionLeavesItClosedNotFailed)
 {
-    LoopbackServer server;
-    Socket socket;
-    aimAt(socket, server.port());
     socket.Connect();
     ASSERT_TRUE(server.waitForConnections(1));
     QSignalSpy states(&socket, &Socket::StateChanged);
 
     server.drop(0);
     ASSERT_TRUE(waitUntil([&] { return socket.State() == kSocketClosed; }));
-    const std::vector<int> reported = reportedStates(states);
-    EXPECT_EQ(std::count(reported.begin(), reported.end(), kSocketError), 0);
+    EXPECT_EQ(std::ranges::count(reportedStates(states), kSocketError), 0);
 }
 
-TEST(SocketStates, SendingOnASocketThatIsNotOpenFails)
+TEST_F(SocketTest, SendingOnASocketThatIsNotOpenFails)
 {
-    Socket socket;
     QSignalSpy states(&socket, &Socket::StateChanged);
     socket.SendData(Bytes{1, 2, 3});
     EXPECT_EQ(socket.State(), kSocketError);
     EXPECT_EQ(reportedStates(states), std::vector<int>{kSocketError});
 }
 
-TEST(SocketData, BytesTravelBothWaysAndGetDataTakesThemOut)
+TEST_F(SocketTest, BytesTravelBothWaysAndGetDataTakesThemOut)
 {
-    LoopbackServer server;
-    Socket socket;
-    aimAt(socket, server.port());
     socket.Connect();
     ASSERT_TRUE(waitUntil([&] { return socket.State() == kSocketConnected; }));
 
