@@ -10,6 +10,7 @@
 #include <QSqlQuery>
 
 #include <set>
+#include <tuple>
 
 using namespace orbelan;
 using namespace orbelan::server;
@@ -51,16 +52,10 @@ TEST_F(MapStore, GridBoundsSpanTheCellsThatHoldData)
     const auto map = reader.mapDefinition(SampleStore::kMap);
     ASSERT_TRUE(map);
     const messages::LayerRecord& blocks = map->layers[1];
-    EXPECT_EQ(blocks.minCol, 5652);
-    EXPECT_EQ(blocks.maxCol, 5657);
-    EXPECT_EQ(blocks.minRow, 10931);
-    EXPECT_EQ(blocks.maxRow, 10934);
+    EXPECT_EQ(std::tuple(blocks.minCol, blocks.maxCol, blocks.minRow, blocks.maxRow),
+              std::tuple(5652, 5657, 10931, 10934));
 
-    MapWriter writer(store.database());
-    messages::LayerRecord empty;
-    empty.name = "Vacía";
-    empty.type = 1;
-    writer.addLayer(SampleStore::kMap, empty);
+    MapWriter(store.database()).addLayer(SampleStore::kMap, {.name = "Vacía", .type = 1});
     const messages::LayerRecord added = reader.mapDefinition(SampleStore::kMap)->layers.back();
     EXPECT_LT(added.maxCol, added.minCol) << "a layer without data offers no row";
 }
@@ -128,12 +123,8 @@ TEST_F(MapStore, AFailedWriteLeavesTheStoreAsItWas)
 TEST_F(MapStore, FieldNamesAreColumnNamesNeverStatementText)
 {
     MapWriter writer(store.database());
-    messages::LayerRecord layer;
-    layer.name = "Rara";
-    layer.type = 1;
-    layer.gridDeltaX = SampleStore::kDelta;
-    layer.gridDeltaY = SampleStore::kDelta;
-    layer.fields = {{"x\"; DROP TABLE users; --", 202}};
+    messages::LayerRecord layer{.name = "Rara", .type = 1, .gridDeltaX = SampleStore::kDelta,
+                                .gridDeltaY = SampleStore::kDelta, .fields = {{"x\"; DROP TABLE users; --", 202}}};
     const std::int32_t id = writer.addLayer(SampleStore::kMap, layer);
     writer.addElement(id, {1, {{-70.65, -33.45}}, {QStringLiteral("valor")}});
     const std::vector<CellValue> values = {{1, "valor"}};

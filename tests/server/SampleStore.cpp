@@ -2,6 +2,8 @@
 
 #include "storage/MapWriter.h"
 
+#include <tuple>
+
 using namespace orbelan;
 using namespace orbelan::server;
 
@@ -83,13 +85,12 @@ void SampleStore::addUsers()
     writer.addUser(QStringLiteral("dibujante"), 1);
     writer.addUser(QStringLiteral("visor"), 2);
     writer.addUser(QStringLiteral("invitado"), 3);
-    writer.grantMap(1, kMap);
-    writer.grantMap(1, kOtherMap);
-    writer.grantMap(2, kMap);
-    writer.grantMap(3, kOtherMap);
-    writer.setMapLevel(1, kMap, 3);
-    writer.setMapLevel(1, kOtherMap, 3);
-    writer.setMapLevel(2, kMap, 1);
+    // User, map and the user's level on it.
+    const std::tuple<std::int32_t, std::int32_t, std::int16_t> grants[] = {
+        {1, kMap, 3}, {1, kOtherMap, 3}, {2, kMap, 1}, {3, kOtherMap, 1}};
+    for (const auto& [user, map, level] : grants) {
+        writer.grantMap(user, map);
+        writer.setMapLevel(user, map, level);
+    }
     writer.setLayerLevel(2, kLandmarks, 0);
-    writer.setMapLevel(3, kOtherMap, 1);
 }
