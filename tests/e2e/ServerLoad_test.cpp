@@ -56,21 +56,16 @@ protected:
         server.waitForFinished();
     }
 
-    void show(std::int32_t user)
+    // Shows the map to the administrator and waits until every reply is in.
+    bool showLoaded()
     {
         viewer.setUiServices(ui);
         viewer.resize(640, 480);
         viewer.setURL(QStringLiteral("127.0.0.1"));
         viewer.setPort(port);
-        viewer.setIDUser(user);
+        viewer.setIDUser(kAdministrator);
         viewer.setMapCode(kSantiago);
         viewer.show();
-    }
-
-    // Shows the map to the administrator and waits until every reply is in.
-    bool showLoaded()
-    {
-        show(kAdministrator);
         return QTest::qWaitFor([&] { return viewer.layerscargados() && viewer.PendingRequests() == 0; },
                                kLoadMilliseconds);
     }
