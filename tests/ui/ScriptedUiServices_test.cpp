@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -52,15 +53,13 @@ TEST(ScriptedUiServices, BoxesAndDialogsAreRecordedAndObserved)
     services.messageBox(nullptr, "Save?", MessageButtons::YesNoCancel, MessageIcon::Question, "Orbelan");
 
     ASSERT_EQ(services.messages().size(), 2u);
-    const ShownMessage& first = services.messages()[0];
-    EXPECT_EQ(first.icon, MessageIcon::Critical);
-    EXPECT_EQ(first.caption, "Orbelan Viewer");
-    EXPECT_EQ(first.text, "Acceso Denegado");
-    EXPECT_EQ(first.buttons, MessageButtons::OK);
-    EXPECT_EQ(first.answer, OK);
+    const auto fields = [](const ShownMessage& box) {
+        return std::tuple(box.icon, box.caption, box.text, box.buttons, box.answer);
+    };
+    EXPECT_EQ(fields(services.messages()[0]),
+              std::tuple(MessageIcon::Critical, "Orbelan Viewer", "Acceso Denegado", MessageButtons::OK, OK));
     ASSERT_EQ(boxes.size(), 2u);
-    EXPECT_EQ(boxes[1].text, "Save?");
-    EXPECT_EQ(boxes[1].answer, No);
+    EXPECT_EQ(fields(boxes[1]), std::tuple(MessageIcon::Question, "Orbelan", "Save?", MessageButtons::YesNoCancel, No));
 
     // Without a script a dialog is rejected, never shown.
     QDialog form;
