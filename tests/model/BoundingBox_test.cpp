@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using orbelan::BoundingBox;
 
 namespace {
@@ -20,10 +22,7 @@ TEST(BoundingBoxEmpty, HoldsNothingAndBecomesTheFirstUnion)
     EXPECT_FALSE(empty.InterseccionCon(box(-180, -90, 180, 90)));
     EXPECT_FALSE(box(-180, -90, 180, 90).InterseccionCon(empty));
     empty.Union(1, 2, 3, 4);
-    EXPECT_EQ(empty.MinX, 1);
-    EXPECT_EQ(empty.MinY, 2);
-    EXPECT_EQ(empty.MaxX, 3);
-    EXPECT_EQ(empty.MaxY, 4);
+    EXPECT_EQ(std::tuple(empty.MinX, empty.MinY, empty.MaxX, empty.MaxY), std::tuple(1, 2, 3, 4));
 }
 
 TEST(BoundingBoxTests, AreInclusiveAndContainmentHasADirection)

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <stdexcept>
 #include <vector>
+#include <tuple>
 
 using orbelan::Entidad;
 using orbelan::TipoLayer;
@@ -67,15 +68,12 @@ TEST(EntidadCentroide, PolygonsByArea)
 TEST(EntidadPointInPolygon, EdgesVerticesAndTheBox)
 {
     const Owned square(orbelan::polygonlayer, kUnitSquare);
-    EXPECT_TRUE(square.entity->PointInPolygon(0.5, 0.5));
-    EXPECT_TRUE(square.entity->PointInPolygon(0, 0));
-    EXPECT_FALSE(square.entity->PointInPolygon(1.5, 0.5));
     // No edge's Y range holds 0 or 1 strictly; on the left edge the ray
     // crosses both sides, on the right edge only the right one.
-    EXPECT_FALSE(square.entity->PointInPolygon(0.5, 0));
-    EXPECT_FALSE(square.entity->PointInPolygon(0.5, 1));
-    EXPECT_FALSE(square.entity->PointInPolygon(0, 0.5));
-    EXPECT_TRUE(square.entity->PointInPolygon(1, 0.5));
+    for (const auto& [x, y, inside] : {std::tuple{0.5, 0.5, true}, {0.0, 0.0, true}, {1.5, 0.5, false},
+                                       {0.5, 0.0, false}, {0.5, 1.0, false}, {0.0, 0.5, false}, {1.0, 0.5, true}}) {
+        EXPECT_EQ(square.entity->PointInPolygon(x, y), inside) << x << ", " << y;
+    }
 }
 
 // The slanted right edge crosses Y = 0.5 a hair from X; whether it lies right
@@ -100,13 +98,10 @@ TEST(EntidadNearest, VertexTiesAndSegmentTies)
     const Owned line(orbelan::polylinelayer, {{0, 0}, {2, 0}, {4, 0}});
     EXPECT_EQ(line.entity->NearestVertex(1, 1).vertex, (Vertex{2, 0}));
     const orbelan::SegmentMatch first = line.entity->GetNearestSegment(1, 1);
-    EXPECT_EQ(first.distance, 1);
-    EXPECT_EQ(first.from, (Vertex{0, 0}));
-    EXPECT_EQ(first.to, (Vertex{2, 0}));
+    EXPECT_EQ(std::tuple(first.distance, first.from, first.to), std::tuple(1.0, Vertex{0, 0}, Vertex{2, 0}));
     const orbelan::SegmentMatch tie =
         Owned(orbelan::polylinelayer, {{0, 0}, {2, 0}, {2, 2}}).entity->GetNearestSegment(1.5, 0.5);
-    EXPECT_EQ(tie.distance, 0.5);
-    EXPECT_EQ(tie.to, (Vertex{2, 2}));
+    EXPECT_EQ(std::tuple(tie.distance, tie.to), std::tuple(0.5, Vertex{2, 2}));
     EXPECT_EQ(Owned(orbelan::pointlayer, {{0, 0}, {1, 0}}).entity->GetNearestSegment(0, 1).distance, kNoSegment);
     EXPECT_EQ(line.entity->GetNearestSegment(-1, 1).distance, kNoSegment);
 }
@@ -115,11 +110,9 @@ TEST(EntidadNearest, PolygonsWrapAroundAndLinesDoNot)
 {
     const std::vector<Vertex> ring = {{0, 0}, {4, 0}, {4, 4}, {0, 4}};
     const orbelan::SegmentMatch polygon = Owned(orbelan::polygonlayer, ring).entity->GetNearestSegment(0.5, 1);
-    EXPECT_EQ(polygon.distance, 0.5);
-    EXPECT_EQ(polygon.to, (Vertex{0, 4}));
+    EXPECT_EQ(std::tuple(polygon.distance, polygon.to), std::tuple(0.5, Vertex{0, 4}));
     const orbelan::SegmentMatch line = Owned(orbelan::polylinelayer, ring).entity->GetNearestSegment(0.5, 1);
-    EXPECT_EQ(line.distance, 1);
-    EXPECT_EQ(line.to, (Vertex{4, 0}));
+    EXPECT_EQ(std::tuple(line.distance, line.to), std::tuple(1.0, Vertex{4, 0}));
 }
 
 TEST(EntidadDrawing, DrawingAgainWithoutScreenPointsProjectsForTheCurrentView)
@@ -133,8 +126,8 @@ TEST(EntidadDrawing, DrawingAgainWithoutScreenPointsProjectsForTheCurrentView)
     ASSERT_EQ(canvas.calls.size(), 1u);
     EXPECT_EQ(canvas.calls[0].kind, RecordingCanvas::Points);
     EXPECT_EQ(canvas.calls[0].theme.DrawWidth, 4);
-    EXPECT_EQ(entity.ScreenPoints().size(), 2u);
-    EXPECT_EQ(entity.ScreenPoints()[1], (orbelan::ScreenPoint{3, -4}));
+    const auto screen = entity.ScreenPoints();
+    EXPECT_EQ(std::vector(screen.begin(), screen.end()), (std::vector<orbelan::ScreenPoint>{{1, -2}, {3, -4}}));
 
     canvas.view = {};
     canvas.view.Union(20, 20, 30, 30);

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
 #include <vector>
 
 using orbelan::Entidad;
@@ -21,8 +22,7 @@ TEST(EntidadesAddEntity, MakesAnEntityOfTheLayerWhoseBoxOnlyGrows)
     EXPECT_EQ(owner.bb.MaxX, 4);
     added.SetPoints(std::vector<Vertex>{{5, 5}});
     added.CalculateBoundingBox();
-    EXPECT_EQ(added.bb.MinX, -3);
-    EXPECT_EQ(added.bb.MaxY, 5);
+    EXPECT_EQ(std::tuple(added.bb.MinX, added.bb.MaxY), std::tuple(-3, 5));
     EXPECT_EQ(owner.bb.MaxY, 5);
 }
 

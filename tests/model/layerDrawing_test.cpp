@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <vector>
+#include <tuple>
 
 using orbelan::BoundingBox;
 using orbelan::layer;
@@ -61,9 +62,8 @@ TEST_F(layerDrawing, ArrivalsAreDrawnOverWhatIsOnScreenThenTheNextRedrawIsComple
     add(3, 3);
     EXPECT_EQ(redraw(), (IDs{1, 2, 3}));
     // Drawn before: from stored points, keeping the surface's line style.
-    EXPECT_FALSE(canvas.calls[0].setLineStyle);
-    EXPECT_FALSE(canvas.calls[1].setLineStyle);
-    EXPECT_TRUE(canvas.calls[2].setLineStyle);
+    EXPECT_EQ(std::tuple(canvas.calls[0].setLineStyle, canvas.calls[1].setLineStyle, canvas.calls[2].setLineStyle),
+              std::tuple(false, false, true));
     EXPECT_EQ(map.DrawnIDs(), (IDs{1, 2, 3}));
 
     EXPECT_EQ(redraw(), (IDs{1, 2, 3}));
@@ -152,11 +152,8 @@ TEST_F(layerDrawing, AHighlightIsRedAtTwiceTheClassWidthFilledSolid)
     ASSERT_EQ(canvas.calls.size(), 1u);
     const Theme& highlight = canvas.calls[0].theme;
     EXPECT_EQ(canvas.calls[0].kind, RecordingCanvas::Polygon);
-    EXPECT_EQ(highlight.DrawColor, 255);
-    EXPECT_EQ(highlight.DrawWidth, 6);
-    EXPECT_EQ(highlight.DrawStyle, 0);
-    EXPECT_EQ(highlight.FillStyle, 0);
-    EXPECT_EQ(highlight.FillColor, 0xC0C000);
+    EXPECT_EQ(std::tuple(highlight.DrawColor, highlight.DrawWidth, highlight.DrawStyle), std::tuple(255, 6, 0));
+    EXPECT_EQ(std::tuple(highlight.FillStyle, highlight.FillColor), std::tuple(0, 0xC0C000));
 
     map.DefaultTheme()->DrawWidth = 0;
     map.resaltar(1, view, canvas);

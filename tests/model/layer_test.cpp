@@ -66,8 +66,7 @@ TEST(layerGrid, CellsRoundHalvesToEven)
 TEST(layerGrid, AreaRowsAreBoundedByTheColBoundsAndColumnsByTheRowBounds)
 {
     layer map(anyView());
-    map.GridDeltaX = 1;
-    map.GridDeltaY = 1;
+    map.GridDeltaX = map.GridDeltaY = 1;
     map.minCol = 10;
     map.maxCol = 12;
     map.minRow = 100;

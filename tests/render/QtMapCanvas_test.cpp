@@ -155,18 +155,12 @@ TEST_F(QtMapCanvasTest, AHighlightedLineIsRedAndTwiceAsWide)
 
 TEST_F(QtMapCanvasTest, ADirectionMarkIsAWhiteArrowheadWithABlackBorder)
 {
-    {
-        QtMapCanvas canvas(picture, view, QPalette());
-        canvas.DrawDirectionMark({20, 50}, {80, 50}, 1);
-    }
+    QtMapCanvas(picture, view, QPalette()).DrawDirectionMark({20, 50}, {80, 50}, 1);
     EXPECT_EQ(at(58, 50), kWhite);
     EXPECT_EQ(at(49, 50), kBlack);
     EXPECT_EQ(at(40, 50), kBackground);
     picture.fill(kBackground);
-    {
-        QtMapCanvas canvas(picture, view, QPalette());
-        canvas.DrawDirectionMark({20, 50}, {80, 50}, -1);
-    }
+    QtMapCanvas(picture, view, QPalette()).DrawDirectionMark({20, 50}, {80, 50}, -1);
     EXPECT_EQ(at(42, 50), kWhite);
     EXPECT_EQ(at(60, 50), kBackground);
 }

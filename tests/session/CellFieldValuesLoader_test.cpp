@@ -2,6 +2,7 @@
 #include "SessionHarness.h"
 
 #include <utility>
+#include <tuple>
 
 using namespace orbelan;
 using messages::CellFieldValues;
@@ -50,14 +51,11 @@ TEST_F(CellFieldValuesLoader, ThematicValuesChooseClassesAndDirectionsAreInteger
 {
     replyValues("USO", {{41, 1}, {42, 2}}, {" Comercial ", "Residencial"});
     EXPECT_EQ(element(41).ThemeValue, " Comercial ");
-    EXPECT_EQ(element(41).ThemeCode, 2);
-    EXPECT_EQ(element(42).ThemeCode, 1);
+    EXPECT_EQ(std::tuple(element(41).ThemeCode, element(42).ThemeCode), std::tuple(2, 1));
 
     streets.Entidades.Find(43)->Direction = 1;
     replyValues("DIR", {{41, 1}, {42, 2}, {43, 3}}, {"-1", "1.5", ""});
-    EXPECT_EQ(element(41).Direction, -1);
-    EXPECT_EQ(element(42).Direction, 2);
-    EXPECT_EQ(element(43).Direction, 0);
+    EXPECT_EQ(std::tuple(element(41).Direction, element(42).Direction, element(43).Direction), std::tuple(-1, 2, 0));
     replyValues("DIR", {{41, 1}}, {"norte"});
     EXPECT_EQ(abandoned, 1);
     EXPECT_EQ(element(41).Direction, -1);
@@ -68,8 +66,8 @@ TEST_F(CellFieldValuesLoader, AnElementZeroIsReportedAndTheRestStillApplied)
 {
     replyValues("NOMBRE", {{0, 1}, {42, 1}, {99, 1}}, {"Alameda"});
     ASSERT_EQ(ui.messages().size(), 1u);
-    EXPECT_EQ(ui.messages().front().text, "Error when loading labels.\r\nLayer: 7, Field: NOMBRE");
-    EXPECT_EQ(ui.messages().front().caption, "Proyecto Pelmarito");
+    EXPECT_EQ(std::tuple(ui.messages().front().text, ui.messages().front().caption),
+              std::tuple("Error when loading labels.\r\nLayer: 7, Field: NOMBRE", "Proyecto Pelmarito"));
     EXPECT_EQ(streets.Labels().count(), 1);
     EXPECT_NE(element(42).IDLabel, 0);
     replyValues("NOMBRE", {{0, 1}}, {"Alameda"}, 8);

@@ -37,8 +37,7 @@ TEST_F(CellGeometryLoader, RelativeAndAbsoluteCoordinatesArriveAsTheyWereMeant)
     reply(absolute);
 
     ASSERT_EQ(streets.Entidades.count(), 3);
-    EXPECT_EQ(streets.Entidades.Find(41)->Points()[0], (Vertex{-69.5, -33.25}));
-    EXPECT_EQ(streets.Entidades.Find(41)->Points()[1], (Vertex{-70.0, -33.0}));
+    EXPECT_EQ(streets.Entidades.Find(41)->GetPoints(), (std::vector<Vertex>{{-69.5, -33.25}, {-70.0, -33.0}}));
     EXPECT_EQ(streets.Entidades.Find(42)->Points()[0], (Vertex{-70.123456789012, -33.987654321098}));
     EXPECT_EQ(streets.Entidades.Find(43)->Points()[1], (Vertex{-180, -90}));
     EXPECT_EQ(streets.Entidades.Item(3)->ID, 43);

@@ -13,8 +13,7 @@ class CellRequesterTest : public SessionHarness {
 protected:
     void SetUp() override
     {
-        streets.GridDeltaX = 1;
-        streets.GridDeltaY = 1;
+        streets.GridDeltaX = streets.GridDeltaY = 1;
         streets.minCol = 0; // rows
         streets.maxCol = 180;
         streets.minRow = 0; // columns

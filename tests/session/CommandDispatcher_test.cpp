@@ -3,6 +3,8 @@
 #include "protocol/messages/MapDefinitionRequest.h"
 #include "SessionHarness.h"
 
+#include <tuple>
+
 using namespace orbelan;
 
 namespace {
@@ -18,10 +20,9 @@ TEST_F(Dispatcher, AnUnknownCodeIsAnnouncedAndDropped)
     }
     ASSERT_EQ(ui.messages().size(), 3u);
     for (const ShownMessage& box : ui.messages()) {
-        EXPECT_EQ(box.text, "No se entiende el comando\r\nError!");
-        EXPECT_EQ(box.caption, "Proyecto Pelmarito");
-        EXPECT_EQ(box.icon, MessageIcon::None);
-        EXPECT_EQ(box.buttons, MessageButtons::OK);
+        EXPECT_EQ(std::tuple(box.text, box.caption, box.icon, box.buttons),
+                  std::tuple("No se entiende el comando\r\nError!", "Proyecto Pelmarito", MessageIcon::None,
+                             MessageButtons::OK));
     }
     EXPECT_EQ(abandoned, 0);
 
@@ -37,9 +38,9 @@ TEST_F(Dispatcher, RefusedAccessIsToldAndNothingMoreIsAsked)
     requests.pending = 1;
     reply(messages::AccessAnswer{5});
     ASSERT_EQ(ui.messages().size(), 1u);
-    EXPECT_EQ(ui.messages().front().text, "Acceso Denegado");
-    EXPECT_EQ(ui.messages().front().caption, "Orbelan Viewer");
-    EXPECT_EQ(ui.messages().front().icon, MessageIcon::Critical);
+    const ShownMessage& box = ui.messages().front();
+    EXPECT_EQ(std::tuple(box.text, box.caption, box.icon),
+              std::tuple("Acceso Denegado", "Orbelan Viewer", MessageIcon::Critical));
     EXPECT_EQ(requests.pending, 0);
     EXPECT_TRUE(requests.sent.empty());
 }

@@ -2,6 +2,8 @@
 #include "SessionHarness.h"
 #include "protocol/messages/ThematicClasses.h"
 
+#include <tuple>
+
 using namespace orbelan;
 
 namespace {
@@ -23,8 +25,7 @@ TEST_F(LayerDefinitionLoader, FieldsAreAddedToTheirLayerOnce)
     reply(messages::FieldDefinition{7, 1, "NOMBRE", 3});
     EXPECT_EQ(abandoned, 1);
     ASSERT_EQ(streets.Campos().count(), 2);
-    EXPECT_EQ(streets.Campos().Item(1)->Nombre, "NOMBRE");
-    EXPECT_EQ(streets.Campos().Item(1)->Tipo, 200);
+    EXPECT_EQ(std::tuple(streets.Campos().Item(1)->Nombre, streets.Campos().Item(1)->Tipo), std::tuple("NOMBRE", 200));
     EXPECT_EQ(streets.Campos().Item(2)->Tipo, 4);
     EXPECT_EQ(requests.pending, -4);
 }
@@ -37,12 +38,9 @@ TEST_F(LayerDefinitionLoader, ThematicClassesFollowTheDefaultClass)
     ASSERT_EQ(classes.count(), 3);
     EXPECT_EQ(classes.Item(1)->min, "MICanyMIC");
     const Theme& first = *classes.Item(2);
-    EXPECT_EQ(first.min, "A");
-    EXPECT_EQ(first.DrawColor, 0xFF);
-    EXPECT_EQ(first.DrawStyle, 2);
-    EXPECT_EQ(first.DrawWidth, 3);
-    EXPECT_EQ(first.FillColor, 0xFF00);
-    EXPECT_EQ(first.FillStyle, 6);
+    EXPECT_EQ(std::tuple(first.min, first.DrawColor, first.DrawStyle, first.DrawWidth),
+              std::tuple("A", 0xFF, 2, 3));
+    EXPECT_EQ(std::tuple(first.FillColor, first.FillStyle), std::tuple(0xFF00, 6));
     EXPECT_EQ(classes.Item(3)->max, "9.5");
 }
 

@@ -8,6 +8,7 @@
 #include <QImage>
 
 #include <limits>
+#include <tuple>
 
 using namespace orbelan;
 using messages::FieldRecord;
@@ -17,76 +18,25 @@ using messages::ThematicClassRecord;
 
 namespace {
 
-LayerRecord parcels()
-{
-    LayerRecord parcels;
-    parcels.name = "Predios";
-    parcels.id = 30;
-    parcels.type = polygonlayer;
-    parcels.minCol = 112;
-    parcels.minRow = 2180;
-    parcels.maxCol = 115;
-    parcels.maxRow = 2190;
-    parcels.gridDeltaX = 0.05f;
-    parcels.gridDeltaY = 0.5f;
-    parcels.visibility = 2;
-    parcels.zoomMin = 0.25f;
-    parcels.zoomMax = 40.0f;
-    parcels.drawColor = 0x102030;
-    parcels.drawStyle = 2;
-    parcels.drawWidth = 3;
-    parcels.fillColor = 0x405060;
-    parcels.fillStyle = 4;
-    parcels.labelField = "ROL";
-    parcels.labelZoomMin = 0.5f;
-    parcels.labelZoomMax = 2.0f;
-    parcels.labelVisibility = 1;
-    parcels.labelBold = 1;
-    parcels.labelColor = 0x0000FF;
-    parcels.thematicField = "uso";
-    parcels.thematicType = 1;
-    // "dir" in a polygon layer: its direction field.
-    parcels.fields = {{"ROL", 200}, {"USO", 202}, {"dir", 2}};
-    parcels.classes = {{"Comercial", "", 0xFF, 0, 1, 0xFF00, 6}, {"10", "20", 1, 2, 3, 4, 5}};
-    return parcels;
-}
-
-LayerRecord streets()
-{
-    LayerRecord streets;
-    streets.name = "Calles";
-    streets.id = 7;
-    streets.type = polylinelayer;
-    // Any value but 1 leaves the labels plain.
-    streets.labelBold = 2;
-    streets.thematicField = "NIVEL";
-    streets.fields = {{"DIR", 2}, {"Nivel", 3}};
-    return streets;
-}
-
-LayerRecord places()
-{
-    LayerRecord places;
-    places.name = "Lugares";
-    places.id = 12;
-    places.type = pointlayer;
-    places.labelBold = -1;
-    places.fields = {{"Dir", 2}};
-    return places;
-}
+// "dir" in a polygon layer: its direction field.
+const LayerRecord kParcels{.name = "Predios", .id = 30, .type = polygonlayer,
+                           .minCol = 112, .minRow = 2180, .maxCol = 115, .maxRow = 2190,
+                           .gridDeltaX = 0.05f, .gridDeltaY = 0.5f, .visibility = 2, .zoomMin = 0.25f, .zoomMax = 40.0f,
+                           .drawColor = 0x102030, .drawStyle = 2, .drawWidth = 3, .fillColor = 0x405060, .fillStyle = 4,
+                           .labelField = "ROL", .labelZoomMin = 0.5f, .labelZoomMax = 2.0f, .labelVisibility = 1,
+                           .labelBold = 1, .labelColor = 0x0000FF, .thematicField = "uso", .thematicType = 1,
+                           .fields = {{"ROL", 200}, {"USO", 202}, {"dir", 2}},
+                           .classes = {{"Comercial", "", 0xFF, 0, 1, 0xFF00, 6}, {"10", "20", 1, 2, 3, 4, 5}}};
+// Any bold value but 1 leaves the labels plain.
+const LayerRecord kStreets{.name = "Calles", .id = 7, .type = polylinelayer, .labelField = "", .labelBold = 2,
+                           .thematicField = "NIVEL", .fields = {{"DIR", 2}, {"Nivel", 3}}, .classes = {}};
+const LayerRecord kPlaces{.name = "Lugares", .id = 12, .type = pointlayer, .labelField = "", .labelBold = -1,
+                          .thematicField = "", .fields = {{"Dir", 2}}, .classes = {}};
 
 MapDefinition santiago()
 {
-    MapDefinition map;
-    map.name = "Santiago Ñuñoa";
-    map.minX = -70.75f;
-    map.minY = -33.5f;
-    map.maxX = -70.5f;
-    map.maxY = -33.25f;
-    map.background = 0x00E0F0FF;
-    map.projection = 81;
-    map.layers = {parcels(), streets(), places()};
-    return map;
+    return {.name = "Santiago Ñuñoa", .minX = -70.75f, .minY = -33.5f, .maxX = -70.5f, .maxY = -33.25f,
+            .background = 0x00E0F0FF, .projection = 81, .layers = {kParcels, kStreets, kPlaces}};
 }
 
 using MapDefinitionLoader = SessionHarness;
@@ -96,10 +46,9 @@ TEST_F(MapDefinitionLoader, TheMapTakesItsNameExtentColourAndProjection)
     events.changeStatus(0, StatusList::RequestingMap, {});
     reply(santiago());
     EXPECT_EQ(document.Nombre, "Santiago Ñuñoa");
-    EXPECT_EQ(document.mapExtent.MinX, -70.75);
-    EXPECT_EQ(document.mapExtent.MinY, -33.5);
-    EXPECT_EQ(document.mapExtent.MaxX, -70.5);
-    EXPECT_EQ(document.mapExtent.MaxY, -33.25);
+    const BoundingBox& extent = document.mapExtent;
+    EXPECT_EQ(std::tuple(extent.MinX, extent.MinY, extent.MaxX, extent.MaxY),
+              std::tuple(-70.75, -33.5, -70.5, -33.25));
     EXPECT_EQ(document.BackgroundColor, 0x00E0F0FFu);
     EXPECT_EQ(document.Projection, 81);
     EXPECT_EQ(events.loaded, 1);
@@ -111,29 +60,21 @@ TEST_F(MapDefinitionLoader, EveryLayerRecordFieldFindsItsPlace)
 {
     reply(santiago());
     ASSERT_EQ(document.Layers().count(), 3);
-    EXPECT_EQ(document.Layers().Item(1)->IDLayer, 30);
-    EXPECT_EQ(document.Layers().Item(2)->IDLayer, 7);
-    EXPECT_EQ(document.Layers().Item(3)->IDLayer, 12);
+    const Layers& layers = document.Layers();
+    EXPECT_EQ(std::tuple(layers.Item(1)->IDLayer, layers.Item(2)->IDLayer, layers.Item(3)->IDLayer),
+              std::tuple(30, 7, 12));
 
     const layer& layer30 = *document.Layers().Find(30);
     EXPECT_EQ(layer30.Nombre, "Predios");
     EXPECT_EQ(layer30.Tipo, polygonlayer);
-    EXPECT_EQ(layer30.minCol, 112);
-    EXPECT_EQ(layer30.minRow, 2180);
-    EXPECT_EQ(layer30.maxCol, 115);
-    EXPECT_EQ(layer30.maxRow, 2190);
-    EXPECT_EQ(layer30.GridDeltaX, 0.05f);
-    EXPECT_EQ(layer30.GridDeltaY, 0.5f);
-    EXPECT_EQ(layer30.UserVisibility(), 2);
-    EXPECT_EQ(layer30.ZoomMin, 0.25f);
-    EXPECT_EQ(layer30.ZoomMax, 40.0f);
-    EXPECT_EQ(layer30.lblField, "ROL");
-    EXPECT_EQ(layer30.lblZoomMin, 0.5f);
-    EXPECT_EQ(layer30.lblZoomMax, 2.0f);
-    EXPECT_EQ(layer30.UserLabelVisibility(), 1);
-    EXPECT_EQ(layer30.lblColor, 0x0000FF);
-    EXPECT_EQ(layer30.ThematicField, "uso");
-    EXPECT_EQ(layer30.ThematicType, 1);
+    EXPECT_EQ(std::tuple(layer30.minCol, layer30.minRow, layer30.maxCol, layer30.maxRow),
+              std::tuple(112, 2180, 115, 2190));
+    EXPECT_EQ(std::tuple(layer30.GridDeltaX, layer30.GridDeltaY), std::tuple(0.05f, 0.5f));
+    EXPECT_EQ(std::tuple(layer30.UserVisibility(), layer30.ZoomMin, layer30.ZoomMax), std::tuple(2, 0.25f, 40.0f));
+    EXPECT_EQ(std::tuple(layer30.lblField, layer30.lblZoomMin, layer30.lblZoomMax, layer30.UserLabelVisibility()),
+              std::tuple("ROL", 0.5f, 2.0f, 1));
+    EXPECT_EQ(std::tuple(layer30.lblColor, layer30.ThematicField, layer30.ThematicType),
+              std::tuple(0x0000FF, "uso", 1));
     EXPECT_EQ(layer30.AccessLevel, ALNoAccess);
 
     ASSERT_EQ(layer30.Campos().count(), 3);
@@ -148,13 +89,9 @@ TEST_F(MapDefinitionLoader, TheDefaultClassComesFirstWithTheLayersStyle)
     const ThematicMap& classes = document.Layers().Find(30)->ThematicMap();
     ASSERT_EQ(classes.count(), 3);
     const Theme& any = *classes.Item(1);
-    EXPECT_EQ(any.min, "MICanyMIC");
-    EXPECT_EQ(any.max, "");
-    EXPECT_EQ(any.DrawColor, 0x102030);
-    EXPECT_EQ(any.DrawStyle, 2);
-    EXPECT_EQ(any.DrawWidth, 3);
-    EXPECT_EQ(any.FillColor, 0x405060);
-    EXPECT_EQ(any.FillStyle, 4);
+    EXPECT_EQ(std::tuple(any.min, any.max), std::tuple("MICanyMIC", ""));
+    EXPECT_EQ(std::tuple(any.DrawColor, any.DrawStyle, any.DrawWidth, any.FillColor, any.FillStyle),
+              std::tuple(0x102030, 2, 3, 0x405060, 4));
     // The classes follow in record order, each read as a thematic class reply's.
     EXPECT_EQ(classes.Item(2)->min, "Comercial");
     EXPECT_EQ(classes.Item(3)->max, "20");

@@ -6,9 +6,12 @@ using orbelan::StatusList;
 
 namespace {
 
-TEST(StatusList, RequestsOfOneLayerAreCountedOnOneLine)
-{
+struct StatusLines : ::testing::Test {
     StatusList status;
+};
+
+TEST_F(StatusLines, RequestsOfOneLayerAreCountedOnOneLine)
+{
     status.change(0, StatusList::RequestingMap);
     status.change(7, StatusList::RequestingLayer, "Calles");
     status.change(7, StatusList::RequestingLayer, "Calles");
@@ -20,9 +23,8 @@ TEST(StatusList, RequestsOfOneLayerAreCountedOnOneLine)
                              "Requesting Theme Information Barrios (1)");
 }
 
-TEST(StatusList, LoadingTakesOneRequestOffAndShowsItself)
+TEST_F(StatusLines, LoadingTakesOneRequestOffAndShowsItself)
 {
-    StatusList status;
     status.change(7, StatusList::RequestingLayer, "Calles");
     status.change(7, StatusList::RequestingLayer, "Calles");
     status.change(7, StatusList::LoadingLayer, "Calles");
@@ -36,9 +38,8 @@ TEST(StatusList, LoadingTakesOneRequestOffAndShowsItself)
     EXPECT_TRUE(status.empty());
 }
 
-TEST(StatusList, RemovingMovesTheLastLineIntoTheGap)
+TEST_F(StatusLines, RemovingMovesTheLastLineIntoTheGap)
 {
-    StatusList status;
     status.change(0, StatusList::RequestingMap);
     status.change(1, StatusList::RequestingLayer, "A");
     status.change(2, StatusList::RequestingLayer, "B");
@@ -47,18 +48,16 @@ TEST(StatusList, RemovingMovesTheLastLineIntoTheGap)
     EXPECT_EQ(status.text(), "Requesting Information.\nRequesting Layer A (1)\nRequesting Layer B (1)");
 }
 
-TEST(StatusList, StepsMatchByLayerAndCode)
+TEST_F(StatusLines, StepsMatchByLayerAndCode)
 {
-    StatusList status;
     status.change(1, StatusList::RequestingLayer, "A");
     status.change(2, StatusList::LoadingLayer, "B");          // another layer's request stays
     status.change(1, StatusList::RequestingLabels + StatusList::Remove); // nothing of that code
     EXPECT_EQ(status.text(), "Requesting Layer A (1)\nLoading Layer B");
 }
 
-TEST(StatusList, FixedTextsOfTheMapAndInformationSteps)
+TEST_F(StatusLines, FixedTextsOfTheMapAndInformationSteps)
 {
-    StatusList status;
     status.change(0, StatusList::LoadingMap);
     status.change(4, StatusList::LoadingLabels);
     status.change(0, StatusList::LoadingInformation);

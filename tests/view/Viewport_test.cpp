@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 using orbelan::BoundingBox;
 using orbelan::Viewport;
@@ -32,13 +33,10 @@ TEST(ViewportLatLon, TheRequestedBoxFillsTheControl)
     Viewport view = sized(400, 200);
     ASSERT_TRUE(view.SetView(10, 5, -10, -5));
     EXPECT_EQ(view.scale(), 20.0f);
-    EXPECT_EQ(view.centre().x, 0);
-    EXPECT_EQ(view.centre().y, 0);
+    EXPECT_EQ(std::tuple(view.centre().x, view.centre().y), std::tuple(0, 0));
     expectBox(view.viewBox(), -10, -5, 10, 5, 1e-12);
-    EXPECT_EQ(view.WorldToScreenX(-10), 0);
-    EXPECT_EQ(view.WorldToScreenY(-5), 200);
-    EXPECT_EQ(view.ScreenToWorldX(300), 5);
-    EXPECT_EQ(view.ScreenToWorldY(50), 2.5);
+    EXPECT_EQ(std::tuple(view.WorldToScreenX(-10), view.WorldToScreenY(-5)), std::tuple(0, 200));
+    EXPECT_EQ(std::tuple(view.ScreenToWorldX(300), view.ScreenToWorldY(50)), std::tuple(5, 2.5));
 }
 
 TEST(ViewportLatLon, AWideControlShowsTheBoxCentredWithMoreLeftAndRight)
@@ -73,8 +71,7 @@ TEST(ViewportWithoutView, ConversionsSayThereIsNoViewYet)
 {
     Viewport view = sized(400, 200);
     EXPECT_FALSE(view.viewReady());
-    EXPECT_EQ(view.ScreenToWorldX(10), 1e37);
-    EXPECT_EQ(view.ScreenToWorldY(10), 1e37);
+    EXPECT_EQ(std::tuple(view.ScreenToWorldX(10), view.ScreenToWorldY(10)), std::tuple(1e37, 1e37));
     BoundingBox box;
     EXPECT_FALSE(view.resize(500, 300, box));
     EXPECT_FALSE(view.zoomBox(2, {}, box));
@@ -102,8 +99,7 @@ TEST(ViewportUtm, TheViewIsCentredOnTheProjectedCentreOfTheBox)
     orbelan::CUTM utm;
     const double params[] = {-19, 0.9996};
     ASSERT_TRUE(utm.Init(6378137.0, 6356752.3142, params));
-    double x = 0;
-    double y = 0;
+    double x = 0, y = 0;
     ASSERT_TRUE(utm.Project(-70.65, -33.45, x, y));
     EXPECT_NEAR(view.centre().x, x, 1e-6);
     EXPECT_NEAR(view.centre().y, y, 1e-6);
@@ -111,8 +107,7 @@ TEST(ViewportUtm, TheViewIsCentredOnTheProjectedCentreOfTheBox)
     // little further across the grid's convergence 1.65 degrees off the meridian.
     EXPECT_GT(view.CurrentZoom(), 33.2f);
     EXPECT_LT(view.CurrentZoom(), 34.5f);
-    double lon = 0;
-    double lat = 0;
+    double lon = 0, lat = 0;
     ASSERT_TRUE(view.screenToGeographic(250, 250, lon, lat));
     EXPECT_NEAR(lon, -70.65, 1e-9);
     EXPECT_NEAR(lat, -33.45, 1e-9);

@@ -1,25 +1,17 @@
-// The map tooltip over a lat/lon view 400 x 200 pixels showing (-10, -5) to
-// (10, 5): 20 pixels per degree, (0, 0) at pixel (200, 100). The tests play
-// the sampling timer's ticks themselves, so none of them waits for it.
+// The map tooltip over the shown viewer. The tests play the sampling timer's
+// ticks themselves, so none of them waits for it.
 //
 // At 96 DPI a pixel is 15 twips: the box hangs 290 twips = 19 pixels below
 // the pointer, is 100 twips = 7 pixels wider and 50 twips = 3 pixels taller
 // than its label, keeps 100 twips = 7 pixels from the right edge, and holds
 // the label 50 twips = 3 pixels from its left side.
 
+#include "ShownViewer.h"
 #include "viewer/CToolTip.h"
-#include "model/Layers.h"
-#include "ui/ScriptedUiServices.h"
-#include "viewer/Viewer.h"
-#include "view/Viewport.h"
 
 #include <QLabel>
 #include <QTest>
 #include <QTimer>
-
-#include <gtest/gtest.h>
-
-#include <vector>
 
 using namespace orbelan;
 
@@ -27,30 +19,16 @@ namespace {
 
 constexpr std::int32_t kStreets = 1;
 
-class ToolTipTest : public ::testing::Test {
+class ToolTipTest : public ShownViewer {
 protected:
     ToolTipTest()
     {
-        viewer.setUiServices(ui);
-        viewer.setUserMode(false);
-        viewer.resize(400, 200);
-        viewer.show();
-        viewer.SetView(-10, -5, 10, 5);
-        streets.AccessLevel = ALViewer;
-        streets.setUserVisibility(2);
-        streets.ThematicMap().Add(0, 1, 0x0000FF, 0x0000FF, 0, "MICanyMIC", "");
         streets.lblVisible = true;
-        addRectangle(1, -9, -5, -1, 5).IDLabel = streets.GetLabelIndex("Calle Mayor"); // pixels 20..180
-        addRectangle(2, 0.5, -5, 4.5, 5);                                               // pixels 210..290
-        addRectangle(3, 6, -5, 10, 5).IDLabel = streets.GetLabelIndex("Plaza");         // pixels 320..400
+        addRectangle(streets, 1, -9, -5, -1, 5).IDLabel = streets.GetLabelIndex("Calle Mayor"); // pixels 20..180
+        addRectangle(streets, 2, 0.5, -5, 4.5, 5);                                               // pixels 210..290
+        addRectangle(streets, 3, 6, -5, 10, 5).IDLabel = streets.GetLabelIndex("Plaza");         // pixels 320..400
         viewer.Redraw();
         tip.SetLayer(kStreets, "NOMBRE");
-    }
-
-    Entidad& addRectangle(std::int32_t id, double west, double south, double east, double north)
-    {
-        const std::vector<Vertex> ring = {{west, south}, {east, south}, {east, north}, {west, north}};
-        return streets.Entidades.AddEntity(id, ring, streets);
     }
 
     // The pointer comes to (x, y) and stays: two ticks, the first of which
@@ -62,9 +40,7 @@ protected:
         tip.timer();
     }
 
-    ScriptedUiServices ui;
-    Viewer viewer;
-    layer& streets = viewer.Layers().AddLayer("Calles", kStreets, polygonlayer, viewer.viewport());
+    layer& streets = addLayer(kStreets, polygonlayer, 0x0000FF);
     QTimer timer;
     QWidget box{&viewer};
     QLabel label{&box};

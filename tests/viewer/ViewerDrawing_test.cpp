@@ -1,14 +1,8 @@
-// Drawing through the Viewer: a lat/lon view 400 x 200 pixels showing
-// (-10, -5) to (10, 5), 20 pixels per degree, (0, 0) at pixel (200, 100).
+// Drawing through the Viewer.
 
-#include "ui/ScriptedUiServices.h"
-#include "model/Layers.h"
-#include "viewer/Viewer.h"
-#include "view/Viewport.h"
+#include "ShownViewer.h"
 
 #include <QSignalSpy>
-
-#include <gtest/gtest.h>
 
 #include <limits>
 #include <vector>
@@ -21,43 +15,15 @@ constexpr QRgb kWhite = 0xFFFFFFFF;
 constexpr QRgb kRed = 0xFFFF0000;
 constexpr QRgb kBlue = 0xFF0000FF;
 
-class ViewerDrawing : public ::testing::Test {
+class ViewerDrawing : public ShownViewer {
 protected:
-    ViewerDrawing()
-    {
-        viewer.setUiServices(ui);
-        viewer.setUserMode(false);
-        viewer.resize(400, 200);
-        viewer.show();
-        viewer.SetView(-10, -5, 10, 5);
-    }
-
-    layer& addLayer(std::int32_t id, TipoLayer kind, std::int32_t color)
-    {
-        layer& added = viewer.Layers().AddLayer("layer", id, kind, viewer.viewport());
-        added.AccessLevel = ALViewer;
-        added.setUserVisibility(2);
-        added.ThematicMap().Add(0, 1, color, color, 0, "MICanyMIC", "");
-        return added;
-    }
-
-    static void addSquare(layer& to, std::int32_t id, double west, double south, double side)
-    {
-        const std::vector<Vertex> ring = {
-            {west, south}, {west + side, south}, {west + side, south + side}, {west, south + side}};
-        to.Entidades.AddEntity(id, ring, to);
-    }
-
     QRgb at(int x, int y) { return viewer.grab().toImage().pixel(x, y); }
-
-    ScriptedUiServices ui;
-    Viewer viewer;
 };
 
 TEST_F(ViewerDrawing, LayersAreDrawnInOrderOverTheBackground)
 {
-    addSquare(addLayer(1, polygonlayer, 0x0000FF), 1, -4, -2, 4); // red, from pixel (120, 60)
-    addSquare(addLayer(2, polygonlayer, 0xFF0000), 1, -2, -4, 4); // blue, over it
+    addRectangle(addLayer(1, polygonlayer, 0x0000FF), 1, -4, -2, 0, 2); // red, from pixel (120, 60)
+    addRectangle(addLayer(2, polygonlayer, 0xFF0000), 1, -2, -4, 2, 0); // blue, over it
     QSignalSpy redrawn(&viewer, &Viewer::MapRedrawn);
     viewer.Redraw();
     EXPECT_EQ(redrawn.size(), 1);
@@ -69,7 +35,7 @@ TEST_F(ViewerDrawing, LayersAreDrawnInOrderOverTheBackground)
 TEST_F(ViewerDrawing, AHiddenLayerShowsNothingAndHasNothingDrawn)
 {
     layer& hidden = addLayer(1, polygonlayer, 0x0000FF);
-    addSquare(hidden, 1, -4, -2, 4);
+    addRectangle(hidden, 1, -4, -2, 0, 2);
     viewer.Redraw();
     EXPECT_EQ(hidden.DrawnIDs().size(), 1u);
     hidden.setUserVisibility(0);
@@ -95,11 +61,11 @@ TEST_F(ViewerDrawing, RedrawingOneLayerTakesOnlyItsArrivals)
 {
     layer& first = addLayer(1, polygonlayer, 0x0000FF);
     layer& second = addLayer(2, polygonlayer, 0xFF0000);
-    addSquare(first, 1, -8, -2, 2);
-    addSquare(second, 1, 6, -2, 2);
+    addRectangle(first, 1, -8, -2, -6, 0);
+    addRectangle(second, 1, 6, -2, 8, 0);
     viewer.Redraw();
-    addSquare(first, 2, -4, -2, 2);
-    addSquare(second, 2, 2, -2, 2);
+    addRectangle(first, 2, -4, -2, -2, 0);
+    addRectangle(second, 2, 2, -2, 4, 0);
     viewer.RedrawLayer(1);
     EXPECT_EQ(first.DrawnIDs(), (std::vector<std::int32_t>{1, 2}));
     EXPECT_EQ(second.DrawnIDs(), (std::vector<std::int32_t>{1}));
@@ -116,7 +82,7 @@ TEST_F(ViewerDrawing, DirectionMarksLieOverEveryLayersGeometry)
     streets.setUserDirectionVisibility(2);
     const std::vector<Vertex> street = {{-3, 0}, {3, 0}};
     streets.Entidades.AddEntity(1, street, streets).Direction = 1;
-    addSquare(addLayer(2, polygonlayer, 0x0000FF), 1, -5, -2, 10);
+    addRectangle(addLayer(2, polygonlayer, 0x0000FF), 1, -5, -2, 5, 8);
     viewer.Redraw();
     EXPECT_EQ(at(208, 100), kWhite); // inside the arrowhead on the street's middle
     EXPECT_EQ(at(192, 100), kRed);   // behind it

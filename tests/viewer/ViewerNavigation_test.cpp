@@ -1,31 +1,16 @@
-// Navigation of a lat/lon view 400 x 200 pixels wide showing (-10, -5) to
-// (10, 5): 20 pixels per degree, the centre at pixel (200, 100).
+// Navigation with the mouse, the wheel, the keys and the zoom methods.
 
-#include "ui/ScriptedUiServices.h"
-#include "model/Layers.h"
-#include "viewer/Viewer.h"
-#include "view/Viewport.h"
+#include "ShownViewer.h"
 
 #include <QSignalSpy>
 #include <QTest>
-
-#include <gtest/gtest.h>
 
 using namespace orbelan;
 
 namespace {
 
-class ViewerNavigation : public ::testing::Test {
+class ViewerNavigation : public ShownViewer {
 protected:
-    ViewerNavigation()
-    {
-        viewer.setUiServices(ui);
-        viewer.setUserMode(false);
-        viewer.resize(400, 200);
-        viewer.show();
-        viewer.SetView(-10, -5, 10, 5);
-    }
-
     void expectView(double west, double south, double east, double north)
     {
         const BoundingBox& box = viewer.viewport().viewBox();
@@ -41,9 +26,6 @@ protected:
         QTest::mouseMove(&viewer, to);
         QTest::mouseRelease(&viewer, Qt::LeftButton, Qt::NoModifier, to);
     }
-
-    ScriptedUiServices ui;
-    Viewer viewer;
 };
 
 TEST_F(ViewerNavigation, ZoomInAndOutAboutTheCentre)
@@ -54,24 +36,20 @@ TEST_F(ViewerNavigation, ZoomInAndOutAboutTheCentre)
     expectView(-10, -5, 10, 5);
 }
 
-TEST_F(ViewerNavigation, AZoomWindowDragZoomsToItsRectangle)
-{
-    QSignalSpy up(&viewer, &Viewer::MouseUp);
-    viewer.ZoomWindow();
-    EXPECT_EQ(viewer.currentTool(), 1);
-    drag({200, 100}, {300, 150}); // (0, 0) to (5, -2.5)
-    expectView(0, -2.5, 5, 0);
-    EXPECT_EQ(up.size(), 1);
-    EXPECT_EQ(viewer.currentTool(), 0);
-}
-
-TEST_F(ViewerNavigation, AZoomWindowWithoutWidthChangesNothing)
+TEST_F(ViewerNavigation, AZoomWindowDragZoomsToItsRectangleIfItHasAWidth)
 {
     QSignalSpy up(&viewer, &Viewer::MouseUp);
     viewer.ZoomWindow();
     drag({200, 100}, {200, 150});
     expectView(-10, -5, 10, 5);
     EXPECT_TRUE(up.isEmpty());
+
+    viewer.ZoomWindow();
+    EXPECT_EQ(viewer.currentTool(), 1);
+    drag({200, 100}, {300, 150}); // (0, 0) to (5, -2.5)
+    expectView(0, -2.5, 5, 0);
+    EXPECT_EQ(up.size(), 1);
+    EXPECT_EQ(viewer.currentTool(), 0);
 }
 
 TEST_F(ViewerNavigation, APanDragMovesTheMapWithTheMouse)
@@ -114,13 +92,6 @@ TEST_F(ViewerNavigation, ArrowKeysMoveByAQuarterOfTheView)
     expectView(-5, -7.5, 15, 2.5);
 }
 
-TEST_F(ViewerNavigation, EscapeDropsTheArmedTool)
-{
-    viewer.Pan();
-    QTest::keyClick(&viewer, Qt::Key_Escape);
-    EXPECT_EQ(viewer.currentTool(), 0);
-}
-
 TEST_F(ViewerNavigation, MovesReportTheGeographicPosition)
 {
     QSignalSpy position(&viewer, &Viewer::MousePosition);
@@ -147,17 +118,18 @@ TEST_F(ViewerNavigation, ZoomToSelectedShowsAPointWithItsSurroundings)
 
 TEST_F(ViewerNavigation, ALayerWithoutCellSizeDoesNotStopTheView)
 {
-    layer& broken = viewer.Layers().AddLayer("Sin grilla", 3, polygonlayer, viewer.viewport());
-    broken.AccessLevel = ALViewer;
-    broken.setUserVisibility(2);
+    addLayer(3, polygonlayer, 0);
     viewer.SetView(-1, -1, 1, 1);
     expectView(-2, -1, 2, 1);
 }
 
-// Shift and the right button free a control whose load never finished:
-// the tool is dropped and no drag starts.
-TEST_F(ViewerNavigation, ShiftAndTheRightButtonDropTheTool)
+// Escape drops the armed tool. So do shift and the right button, which free
+// a control whose load never finished; no drag starts.
+TEST_F(ViewerNavigation, EscapeOrShiftAndTheRightButtonDropTheTool)
 {
+    viewer.Pan();
+    QTest::keyClick(&viewer, Qt::Key_Escape);
+    EXPECT_EQ(viewer.currentTool(), 0);
     viewer.ZoomFactor(4);
     QTest::mouseClick(&viewer, Qt::RightButton, Qt::ShiftModifier, {10, 10});
     EXPECT_EQ(viewer.currentTool(), 0);

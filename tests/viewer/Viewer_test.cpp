@@ -15,6 +15,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <tuple>
 
 using namespace orbelan;
 
@@ -88,12 +89,13 @@ protected:
         pointAt(server.serverPort());
         viewer.show();
         std::unique_ptr<QTcpSocket> peer(server.nextPendingConnection());
-        if (!peer || readExactly(*peer, 18).size() != 18) {
-            return nullptr;
+        if (peer) {
+            accessRequest = readExactly(*peer, 18);
         }
-        return peer;
+        return accessRequest.size() == 18 ? std::move(peer) : nullptr;
     }
 
+    QByteArray accessRequest;
     QTcpServer server;
     ScriptedUiServices ui;
     Viewer viewer;
@@ -102,16 +104,11 @@ protected:
 TEST_F(ViewerTest, AnEmptyBagGivesTheReadDefaults)
 {
     viewer.ReadProperties(MemoryBag{});
-    EXPECT_EQ(viewer.MapCode(), 1);
-    EXPECT_EQ(viewer.IDUser(), 0);
-    EXPECT_EQ(viewer.URL(), "nada");
-    EXPECT_EQ(viewer.port(), 10010);
-    EXPECT_EQ(viewer.BackColor(), 0x8000000Fu);
-    EXPECT_EQ(viewer.ForeColor(), 0x80000012u);
-    EXPECT_TRUE(viewer.isEnabled());
-    EXPECT_EQ(viewer.Appearance(), 1);
-    EXPECT_EQ(viewer.BackStyle(), 1);
-    EXPECT_EQ(viewer.BorderStyle(), 0);
+    EXPECT_EQ(std::tuple(viewer.MapCode(), viewer.IDUser(), viewer.URL(), viewer.port()),
+              std::tuple(1, 0, "nada", 10010));
+    EXPECT_EQ(std::tuple(viewer.BackColor(), viewer.ForeColor()), std::tuple(0x8000000Fu, 0x80000012u));
+    EXPECT_EQ(std::tuple(viewer.isEnabled(), viewer.Appearance(), viewer.BackStyle(), viewer.BorderStyle()),
+              std::tuple(true, 1, 1, 0));
 }
 
 TEST_F(ViewerTest, ValuesEqualToTheWriteDefaultsAreNotStored)
@@ -149,14 +146,10 @@ TEST_F(ViewerTest, PropertiesSurviveASettingsFile)
     SettingsPropertyBag bag(settings, "Viewer");
     Viewer copy;
     copy.ReadProperties(bag);
-    EXPECT_EQ(copy.BackColor(), 0x80000005u);
-    EXPECT_EQ(copy.ForeColor(), 0x00FF8000u);
-    EXPECT_FALSE(copy.isEnabled());
-    EXPECT_EQ(copy.BorderStyle(), 1);
-    EXPECT_EQ(copy.URL(), "maps.example.org");
-    EXPECT_EQ(copy.port(), 1001);
-    EXPECT_EQ(copy.MapCode(), 42);
-    EXPECT_EQ(copy.IDUser(), -7);
+    EXPECT_EQ(std::tuple(copy.BackColor(), copy.ForeColor(), copy.isEnabled(), copy.BorderStyle()),
+              std::tuple(0x80000005u, 0x00FF8000u, false, 1));
+    EXPECT_EQ(std::tuple(copy.URL(), copy.port(), copy.MapCode(), copy.IDUser()),
+              std::tuple("maps.example.org", 1001, 42, -7));
 }
 
 TEST_F(ViewerTest, ACorruptStoredValueFallsBackToTheReadDefault)
@@ -166,9 +159,7 @@ TEST_F(ViewerTest, ACorruptStoredValueFallsBackToTheReadDefault)
     bag.values["MapCode"] = "99999999999";
     bag.values["BackColor"] = -1;
     viewer.ReadProperties(bag);
-    EXPECT_EQ(viewer.port(), 10010);
-    EXPECT_EQ(viewer.MapCode(), 1);
-    EXPECT_EQ(viewer.BackColor(), 0x8000000Fu);
+    EXPECT_EQ(std::tuple(viewer.port(), viewer.MapCode(), viewer.BackColor()), std::tuple(10010, 1, 0x8000000Fu));
 }
 
 TEST_F(ViewerTest, EveryWriteIsAnnouncedButLoadingIsNot)
@@ -216,15 +207,11 @@ TEST_F(ViewerTest, ADesignedControlNeverConnects)
 
 TEST_F(ViewerTest, TheFirstShowAsksForAccessToTheMapOnce)
 {
-    ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
-    pointAt(server.serverPort());
     viewer.setIDUser(7);
     viewer.setMapCode(3);
-    viewer.show();
-    ASSERT_TRUE(server.hasPendingConnections());
-    std::unique_ptr<QTcpSocket> peer(server.nextPendingConnection());
-    const QByteArray request10("MIC \x12\0\0\0\x0A\0\x07\0\0\0\x03\0\0\0", 18);
-    EXPECT_EQ(readExactly(*peer, 18), request10);
+    std::unique_ptr<QTcpSocket> peer = showConnected();
+    ASSERT_TRUE(peer);
+    EXPECT_EQ(accessRequest, QByteArray("MIC \x12\0\0\0\x0A\0\x07\0\0\0\x03\0\0\0", 18));
     EXPECT_EQ(viewer.PendingRequests(), 1);
     EXPECT_EQ(viewer.statusText(), "Requesting Map.");
     EXPECT_TRUE(ui.messages().empty());
