@@ -1,3 +1,4 @@
+#include "protocol/RequestSender.h"
 #include "protocol/ServerConnection.h"
 
 #include "Bytes.h"
@@ -16,17 +17,10 @@ using Payload = std::function<void(DWBUffer&)>;
 
 namespace {
 
-// A message as the server writes it.
+// A message as the server writes it: laid out as a request is.
 Bytes serverMessage(CommandCode code, const Payload& payload = {})
 {
-    DWBUffer message;
-    message.CrearHeader();
-    message.PutInteger(codeNumber(code));
-    if (payload) {
-        payload(message);
-    }
-    message.cerrarMensaje(0);
-    return message.buffer();
+    return composeRequest(code, payload).buffer();
 }
 
 Payload longs(std::initializer_list<std::int32_t> values)

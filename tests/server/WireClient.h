@@ -16,7 +16,6 @@ class WireClient {
 public:
     explicit WireClient(quint16 port);
 
-    bool connected() const { return socket_.state() == QAbstractSocket::ConnectedState; }
     void sendBytes(const std::vector<std::uint8_t>& bytes);
     template <typename Message>
     void send(const Message& message)
