@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 namespace orbelan {
 
@@ -115,58 +116,70 @@ void Viewport::recomputeViewBox()
     viewBox_ = box;
 }
 
-bool Viewport::zoomBox(float factor, MapPoint about, BoundingBox& box) const
+bool Viewport::zoomAbout(float factor, MapPoint centre)
 {
-    double lon = 0;
-    double lat = 0;
-    if (!viewReady_ || factor <= 0 || !unproject(about, lon, lat)) {
-        return false;
-    }
-    const double halfWidth = std::abs(viewBox_.MaxX - viewBox_.MinX) / factor / 2;
-    const double halfHeight = std::abs(viewBox_.MaxY - viewBox_.MinY) / factor / 2;
-    box = BoundingBox{};
-    box.Union(lon - halfWidth, lat - halfHeight, lon + halfWidth, lat + halfHeight);
-    return true;
+    return factor > 0 && place(centre, static_cast<double>(scale_) * factor);
 }
 
 // The new centre lies between the anchor and the old centre, so that the
 // anchor's map point keeps its pixel at the new scale.
-bool Viewport::zoomBoxAboutPixel(float factor, double px, double py, BoundingBox& box) const
+bool Viewport::zoomAboutPixel(float factor, double px, double py)
 {
     const MapPoint under = toMap(px, py);
-    return zoomBox(factor, {under.x + (centre_.x - under.x) / factor, under.y + (centre_.y - under.y) / factor},
-                   box);
+    return zoomAbout(factor, {under.x + (centre_.x - under.x) / factor, under.y + (centre_.y - under.y) / factor});
 }
 
-BoundingBox Viewport::shiftedViewBox(double eastShare, double northShare) const
+bool Viewport::drag(MapPoint from, MapPoint to)
 {
-    return viewBoxMovedBy((viewBox_.MaxX - viewBox_.MinX) * eastShare, (viewBox_.MaxY - viewBox_.MinY) * northShare);
+    if (from.x == to.x && from.y == to.y) {
+        return false;
+    }
+    return centreOn({centre_.x + (from.x - to.x), centre_.y + (from.y - to.y)});
 }
 
-BoundingBox Viewport::viewBoxMovedBy(double dx, double dy) const
+bool Viewport::moveByShares(double eastShare, double northShare)
 {
-    BoundingBox box;
-    box.MinX = viewBox_.MinX + dx;
-    box.MinY = viewBox_.MinY + dy;
-    box.MaxX = viewBox_.MaxX + dx;
-    box.MaxY = viewBox_.MaxY + dy;
-    return box;
+    if (scale_ == 0) {
+        return false;
+    }
+    return centreOn({centre_.x + eastShare * width_ / scale_, centre_.y + northShare * height_ / scale_});
+}
+
+bool Viewport::centreOn(MapPoint centre)
+{
+    return place(centre, scale_);
+}
+
+bool Viewport::place(MapPoint centre, double scale)
+{
+    const bool representable = std::isfinite(scale) && scale > 0 && scale <= std::numeric_limits<float>::max() &&
+                               std::isfinite(centre.x) && std::isfinite(centre.y);
+    if (!viewReady_ || !representable || static_cast<float>(scale) == 0 || !onGlobe(centre)) {
+        return false;
+    }
+    centre_ = centre;
+    scale_ = static_cast<float>(scale);
+    recomputeViewBox();
+    return true;
+}
+
+// A centre past ±180 or ±90 degrees is brought back to the edge, as SetView
+// clamps its boxes; a centre already on the globe is left exactly as it is.
+bool Viewport::onGlobe(MapPoint& centre) const
+{
+    double lon = 0;
+    double lat = 0;
+    if (!unproject(centre, lon, lat)) {
+        return false;
+    }
+    const double clampedLon = ClampValue(lon, -180, 180);
+    const double clampedLat = ClampValue(lat, -90, 90);
+    return (clampedLon == lon && clampedLat == lat) || project(clampedLon, clampedLat, centre);
 }
 
 bool Viewport::unprojectBoth(MapPoint a, MapPoint b, MapPoint& geographicA, MapPoint& geographicB) const
 {
     return unproject(a, geographicA.x, geographicA.y) && unproject(b, geographicB.x, geographicB.y);
-}
-
-bool Viewport::movedViewBox(MapPoint from, MapPoint to, BoundingBox& box) const
-{
-    MapPoint start;
-    MapPoint end;
-    if (!unprojectBoth(from, to, start, end) || (start.x == end.x && start.y == end.y)) {
-        return false;
-    }
-    box = viewBoxMovedBy(start.x - end.x, start.y - end.y);
-    return true;
 }
 
 // The corners stay as given: SetView orders them.
@@ -190,19 +203,13 @@ void Viewport::setSize(int width, int height)
     height_ = std::max(height, 0);
 }
 
-bool Viewport::resize(int width, int height, BoundingBox& box)
+bool Viewport::resize(int width, int height)
 {
     setSize(width, height);
-    double west = 0;
-    double south = 0;
-    double east = 0;
-    double north = 0;
-    if (scale_ == 0 || !screenToGeographic(0, static_cast<float>(height_), west, south) ||
-        !screenToGeographic(static_cast<float>(width_), 0, east, north)) {
+    if (!viewReady_) {
         return false;
     }
-    box = BoundingBox{};
-    box.Union(west, south, east, north);
+    recomputeViewBox();
     return true;
 }
 

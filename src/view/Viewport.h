@@ -50,27 +50,31 @@ public:
     // projection yet or the box has no extent on the screen at all.
     bool SetView(double x1, double y1, double x2, double y2);
 
-    // The geographic box that zooming by factor about the projected point
-    // shows: the view box's size divided by factor, centred on the point.
-    bool zoomBox(float factor, MapPoint about, BoundingBox& box) const;
-    // The box that zooming by factor shows while the point under the pixel
-    // stays where it is on the screen.
-    bool zoomBoxAboutPixel(float factor, double px, double py, BoundingBox& box) const;
-    // The view box moved by the given shares of its width and height
-    // (east and north positive).
-    BoundingBox shiftedViewBox(double eastShare, double northShare) const;
-    // The view box moved so that the geographic position under the point
-    // `from` comes under `to`. False when either has no geographic position
-    // or the two are the same place.
-    bool movedViewBox(MapPoint from, MapPoint to, BoundingBox& box) const;
+    // Relative navigation works in the projected plane and keeps the
+    // projection as it is, so that zooming in and out again, or moving and
+    // moving back, returns to the same view on every projection. Each needs
+    // a view, and leaves it unchanged (false) when the result would have no
+    // finite scale or its centre no geographic position.
+
+    // Multiplies the scale by factor and centres the view on the point.
+    bool zoomAbout(float factor, MapPoint centre);
+    // Multiplies the scale by factor; the point under the pixel stays put.
+    bool zoomAboutPixel(float factor, double px, double py);
+    // Moves the view so that the map point `from` comes under the pixel
+    // where `to` is now. False when the two are the same point.
+    bool drag(MapPoint from, MapPoint to);
+    // Moves the view by shares of its width and height (east and north positive).
+    bool moveByShares(double eastShare, double northShare);
+    // Centres the view on the point; the scale stays.
+    bool centreOn(MapPoint centre);
     // The geographic box between two points of the plane. False when either
     // has no geographic position or the box has no width or no height.
     bool geographicWindow(MapPoint corner, MapPoint opposite, BoundingBox& box) const;
     // The control's size in pixels; centre and scale stay.
     void setSize(int width, int height);
-    // The new pixel size of the control. When a view exists, box receives
-    // the geographic box that keeps centre and scale, and the result is true.
-    bool resize(int width, int height, BoundingBox& box);
+    // The control's new size: centre and scale stay, and a larger control
+    // shows more of the map. False when there is no view yet.
+    bool resize(int width, int height);
     // Height of the view in kilometres (in degrees / 1000 for latitude/longitude).
     float CurrentZoom() const;
 
@@ -95,7 +99,9 @@ public:
 
 private:
     bool fitProjectedBox(double west, double south, double east, double north);
-    BoundingBox viewBoxMovedBy(double dx, double dy) const;
+    bool place(MapPoint centre, double scale);
+    // The centre, moved back onto the globe when it has left it.
+    bool onGlobe(MapPoint& centre) const;
     // The geographic positions of two points of the plane; false when either has none.
     bool unprojectBoth(MapPoint a, MapPoint b, MapPoint& geographicA, MapPoint& geographicB) const;
     void recomputeViewBox();

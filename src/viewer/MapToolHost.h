@@ -14,10 +14,14 @@ public:
     virtual ~MapToolHost() = default;
 
     virtual const Viewport& viewport() const = 0;
-    // Fits the geographic box (corners in any order) into the control.
+    // Fits the geographic box (corners in any order) into the control, the
+    // projection set up anew for it.
     virtual void showBox(const BoundingBox& box) = 0;
     // Zooms by factor, keeping the view's size ratio, centred on the point.
     virtual void zoomAbout(float factor, MapPoint centre) = 0;
+    // Moves the view so that the map point `from` comes under the pixel of
+    // `to`; false when nothing moved.
+    virtual bool dragView(MapPoint from, MapPoint to) = 0;
     virtual void redrawMap() = 0;
     virtual void showRubberBand(const QRect& rectangle) = 0;
     virtual void hideRubberBand() = 0;

@@ -47,6 +47,8 @@ class Viewer : public QWidget {
     Q_PROPERTY(uint BackgroundColor READ BackgroundColor WRITE setBackgroundColor)
     Q_PROPERTY(QString Nombre READ Nombre WRITE setNombre)
     Q_PROPERTY(bool layerscargados READ layerscargados WRITE setLayerscargados)
+    Q_PROPERTY(float origenX READ origenX WRITE setOrigenX)
+    Q_PROPERTY(float origenY READ origenY WRITE setOrigenY)
     Q_PROPERTY(int Tool READ currentTool)
 
 public:
@@ -117,6 +119,12 @@ public:
     // The colour the map is cleared with before each redraw.
     std::uint32_t BackgroundColor() const;
     void setBackgroundColor(std::uint32_t color);
+    // The view's origin: the point of the map's plane at the middle of the
+    // control. Setting one moves the view there at the same scale.
+    float origenX() const;
+    void setOrigenX(float x);
+    float origenY() const;
+    void setOrigenY(float y);
     orbelan::Layers& Layers();
     // The view: centre and scale in the map's plane, the visible box in degrees.
     const Viewport& viewport() const;

@@ -151,11 +151,12 @@ void ViewerPrivate::resized()
 {
     placeCompanyLabel();
     readingData_->move(viewer_.width() - readingData_->width() - kIndicatorMargin, kIndicatorMargin);
-    BoundingBox keepCentreAndScale;
-    if (viewport_.resize(viewer_.width(), viewer_.height(), keepCentreAndScale) && !document_.busy) {
-        showBox(keepCentreAndScale);
-    } else {
-        redrawMap();
+    // Before the first view there is nothing to show: the empty picture only
+    // follows the new size.
+    if (!viewport_.resize(viewer_.width(), viewer_.height())) {
+        renderPicture(std::nullopt);
+    } else if (!document_.busy) {
+        showChangedView(true);
     }
 }
 
@@ -183,15 +184,44 @@ void ViewerPrivate::showBox(const BoundingBox& box)
     hideRubberBand();
     viewport_.setSize(viewer_.width(), viewer_.height());
     viewport_.setProjection(document_.Projection);
-    if (viewport_.SetView(box.MinX, box.MinY, box.MaxX, box.MaxY)) {
+    showChangedView(viewport_.SetView(box.MinX, box.MinY, box.MaxX, box.MaxY));
+    selectToolCursor();
+}
+
+void ViewerPrivate::showChangedView(bool changed)
+{
+    if (changed) {
+        hideRubberBand();
         redrawMap();
         requestCellsOfView();
     }
-    selectToolCursor();
+}
+
+bool ViewerPrivate::dragView(MapPoint from, MapPoint to)
+{
+    const bool moved = !document_.busy && viewport_.drag(from, to);
+    showChangedView(moved);
+    return moved;
+}
+
+void ViewerPrivate::centreView(MapPoint centre)
+{
+    if (!document_.busy) {
+        showChangedView(viewport_.centreOn(centre));
+    }
 }
 
 // Redrawing one layer draws the others from what they drew last.
 void ViewerPrivate::drawMap(std::optional<std::int32_t> onlyLayer)
+{
+    renderPicture(onlyLayer);
+    selectToolCursor();
+    if (!document_.busy) {
+        emit viewer_.MapRedrawn();
+    }
+}
+
+void ViewerPrivate::renderPicture(std::optional<std::int32_t> onlyLayer)
 {
     viewport_.setSize(viewer_.width(), viewer_.height());
     if (picture_.size() != viewer_.size()) {
@@ -202,10 +232,6 @@ void ViewerPrivate::drawMap(std::optional<std::int32_t> onlyLayer)
     renderer_.setTextMetrics(viewer_.font(), viewer_.logicalDpiY());
     renderer_.render(picture_, viewport_, document_, onlyLayer);
     viewer_.update();
-    selectToolCursor();
-    if (!document_.busy) {
-        emit viewer_.MapRedrawn();
-    }
 }
 
 void ViewerPrivate::zoomAboutCentre(float factor)
@@ -217,9 +243,8 @@ void ViewerPrivate::zoomAboutCentre(float factor)
 
 void ViewerPrivate::zoomAbout(float factor, MapPoint centre)
 {
-    BoundingBox box;
-    if (!document_.busy && viewport_.zoomBox(factor, centre, box)) {
-        showBox(box);
+    if (!document_.busy) {
+        showChangedView(viewport_.zoomAbout(factor, centre));
     }
 }
 
@@ -227,6 +252,7 @@ void ViewerPrivate::zoomToExtents()
 {
     if (!document_.busy) {
         showBox(document_.mapExtent);
+        viewer_.unsetCursor();
     }
 }
 
@@ -399,10 +425,8 @@ void ViewerPrivate::mouseDoubleClick(const QMouseEvent& event)
 // The wheel zooms by 2 or 0.5 and keeps the point under the cursor in place.
 void ViewerPrivate::wheel(int steps, QPointF pixel)
 {
-    BoundingBox box;
-    if (steps != 0 && viewport_.viewReady() && !document_.busy &&
-        viewport_.zoomBoxAboutPixel(steps > 0 ? 2.0f : 0.5f, pixel.x(), pixel.y(), box)) {
-        showBox(box);
+    if (steps != 0 && !document_.busy) {
+        showChangedView(viewport_.zoomAboutPixel(steps > 0 ? 2.0f : 0.5f, pixel.x(), pixel.y()));
     }
 }
 
@@ -419,8 +443,8 @@ void ViewerPrivate::navigationKey(int key)
 
 void ViewerPrivate::panByQuarter(int east, int north)
 {
-    if (!document_.busy && viewport_.viewReady()) {
-        showBox(viewport_.shiftedViewBox(kArrowPanShare * east, kArrowPanShare * north));
+    if (!document_.busy) {
+        showChangedView(viewport_.moveByShares(kArrowPanShare * east, kArrowPanShare * north));
     }
 }
 

@@ -51,6 +51,7 @@ public:
     const Viewport& viewport() const override { return viewport_; }
     void showBox(const BoundingBox& box) override;
     void zoomAbout(float factor, MapPoint centre) override;
+    bool dragView(MapPoint from, MapPoint to) override;
     void showRubberBand(const QRect& rectangle) override;
     void hideRubberBand() override;
     void setPanOffset(QPoint offset) override;
@@ -61,6 +62,8 @@ public:
 
     void drawMap(std::optional<std::int32_t> onlyLayer);
     void zoomAboutCentre(float factor);
+    // Moves the view's centre to the point of the projected plane; the scale stays.
+    void centreView(MapPoint centre);
     void armTool(int number);
     // Arms the zoom-by-factor tool with a new factor.
     void armZoomFactor(float factor);
@@ -107,6 +110,11 @@ private:
     void createSurface();
     void connectReceiveSide();
     void refreshStatusLabel();
+    // Draws the map into the control's picture, without the redraw's event.
+    void renderPicture(std::optional<std::int32_t> onlyLayer);
+    // After the view changed: the map is drawn anew and the cells it lacks
+    // are asked for.
+    void showChangedView(bool changed);
     void selectToolCursor();
     void panByQuarter(int east, int north);
     MapMouseEvent mapEvent(const QMouseEvent& event) const;

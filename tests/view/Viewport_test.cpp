@@ -4,7 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <string>
 #include <tuple>
 
 using orbelan::BoundingBox;
@@ -58,9 +60,7 @@ TEST(ViewportLatLon, ResizingKeepsCentreAndScale)
 {
     Viewport view = sized(400, 200);
     ASSERT_TRUE(view.SetView(-10, -5, 10, 5));
-    BoundingBox box;
-    ASSERT_TRUE(view.resize(600, 300, box));
-    ASSERT_TRUE(view.SetView(box.MinX, box.MinY, box.MaxX, box.MaxY));
+    ASSERT_TRUE(view.resize(600, 300));
     EXPECT_NEAR(view.centre().x, 0, 1e-12);
     EXPECT_NEAR(view.centre().y, 0, 1e-12);
     EXPECT_EQ(view.scale(), 20.0f);
@@ -72,9 +72,9 @@ TEST(ViewportWithoutView, ConversionsSayThereIsNoViewYet)
     Viewport view = sized(400, 200);
     EXPECT_FALSE(view.viewReady());
     EXPECT_EQ(std::tuple(view.ScreenToWorldX(10), view.ScreenToWorldY(10)), std::tuple(1e37, 1e37));
-    BoundingBox box;
-    EXPECT_FALSE(view.resize(500, 300, box));
-    EXPECT_FALSE(view.zoomBox(2, {}, box));
+    EXPECT_FALSE(view.resize(500, 300));
+    EXPECT_FALSE(view.zoomAbout(2, {}));
+    EXPECT_FALSE(view.moveByShares(0.25, 0));
 }
 
 TEST(ViewportWithoutView, BoxesWithoutExtentOrProjectionChangeNothing)
@@ -123,6 +123,76 @@ TEST(ViewportAlbers, TheBoxCentreIsTheProjectionsOrigin)
     EXPECT_GT(view.viewBox().MaxY, 50);
     EXPECT_LE(view.viewBox().MinX, -125);
     EXPECT_GE(view.viewBox().MaxX, -66);
+}
+
+// Zooming and moving work in the projected plane, so that every step can be
+// undone exactly, whatever the projection does to a box of degrees.
+struct Navigation {
+    const char* map;
+    int projection;
+    double west, south, east, north;
+};
+
+class ViewportRoundTrips : public testing::TestWithParam<Navigation> {
+protected:
+    void SetUp() override
+    {
+        const Navigation& map = GetParam();
+        view = sized(640, 480, map.projection);
+        ASSERT_TRUE(view.SetView(map.west, map.south, map.east, map.north));
+        centre = view.centre();
+        scale = view.scale();
+    }
+
+    void expectBackWhereItStarted() const
+    {
+        EXPECT_NEAR(view.centre().x, centre.x, 1e-9 * std::max(1.0, std::abs(centre.x)));
+        EXPECT_NEAR(view.centre().y, centre.y, 1e-9 * std::max(1.0, std::abs(centre.y)));
+        EXPECT_NEAR(view.scale(), scale, 1e-9 * scale);
+    }
+
+    Viewport view;
+    orbelan::MapPoint centre;
+    float scale = 0;
+};
+
+TEST_P(ViewportRoundTrips, ZoomingInAndOutAgainReturnsToTheSameView)
+{
+    ASSERT_TRUE(view.zoomAbout(2, view.toMap(320, 240)));
+    ASSERT_TRUE(view.zoomAbout(0.5f, view.toMap(320, 240)));
+    expectBackWhereItStarted();
+    ASSERT_TRUE(view.zoomAboutPixel(2, 100, 400));
+    ASSERT_TRUE(view.zoomAboutPixel(0.5f, 100, 400));
+    expectBackWhereItStarted();
+}
+
+TEST_P(ViewportRoundTrips, MovingAndMovingBackReturnsToTheSameViewAtTheSameScale)
+{
+    ASSERT_TRUE(view.drag(view.toMap(200, 200), view.toMap(400, 260)));
+    EXPECT_EQ(view.scale(), scale);
+    ASSERT_TRUE(view.drag(view.toMap(400, 260), view.toMap(200, 200)));
+    expectBackWhereItStarted();
+    ASSERT_TRUE(view.moveByShares(0.25, -0.25));
+    EXPECT_EQ(view.scale(), scale);
+    ASSERT_TRUE(view.moveByShares(-0.25, 0.25));
+    expectBackWhereItStarted();
+    ASSERT_TRUE(view.resize(800, 600));
+    expectBackWhereItStarted();
+}
+
+INSTANTIATE_TEST_SUITE_P(Projections, ViewportRoundTrips,
+                         testing::Values(Navigation{"World", 0, -180, -90, 180, 90},
+                                         Navigation{"Santiago", 81, -70.8, -33.6, -70.5, -33.3},
+                                         Navigation{"UnitedStates", 1, -125, 24, -66, 50}),
+                         [](const auto& test) { return std::string(test.param.map); });
+
+TEST(ViewportLatLon, AViewMovedOffTheGlobeStopsAtItsEdge)
+{
+    Viewport view = sized(400, 200);
+    ASSERT_TRUE(view.SetView(170, -5, 180, 5));
+    ASSERT_TRUE(view.moveByShares(3, 0));
+    EXPECT_EQ(view.centre().x, 180);
+    EXPECT_FALSE(view.zoomAbout(1e38f, view.centre()));
 }
 
 } // namespace

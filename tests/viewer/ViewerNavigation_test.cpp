@@ -92,6 +92,18 @@ TEST_F(ViewerNavigation, ArrowKeysMoveByAQuarterOfTheView)
     expectView(-5, -7.5, 15, 2.5);
 }
 
+TEST_F(ViewerNavigation, TheOriginMovesTheViewAndZoomExtentsShowsTheDefaultPointer)
+{
+    viewer.setProperty("origenX", 5.0f);
+    viewer.setProperty("origenY", -1.0f);
+    expectView(-5, -6, 15, 4);
+    EXPECT_EQ(viewer.property("origenX").toFloat(), 5.0f);
+
+    viewer.Pan();
+    viewer.ZoomExtents();
+    EXPECT_EQ(viewer.cursor().shape(), Qt::ArrowCursor);
+}
+
 TEST_F(ViewerNavigation, MovesReportTheGeographicPosition)
 {
     QSignalSpy position(&viewer, &Viewer::MousePosition);

@@ -15,16 +15,13 @@ void PanTool::move(const MapMouseEvent& event)
     host().setPanOffset((event.pixel - pressed_.pixel).toPoint());
 }
 
-// Shifts the view box by the geographic distance between press and release.
+// Moves the view by the distance between press and release in the map's plane.
 bool PanTool::release(const MapMouseEvent& event)
 {
     host().setPanOffset({});
-    BoundingBox moved;
-    const bool completed = host().viewport().movedViewBox(pressed_.map, event.map, moved);
-    host().finishNavigation(kNumber, completed);
-    if (completed) {
-        host().showBox(moved);
-    } else {
+    const bool moved = host().dragView(pressed_.map, event.map);
+    host().finishNavigation(kNumber, moved);
+    if (!moved) {
         host().redrawMap();
     }
     return false;
