@@ -15,6 +15,11 @@ void PanTool::move(const MapMouseEvent& event)
     host().setPanOffset((event.pixel - pressed_.pixel).toPoint());
 }
 
+void PanTool::deactivate()
+{
+    host().setPanOffset({});
+}
+
 // Moves the view by the distance between press and release in the map's plane.
 bool PanTool::release(const MapMouseEvent& event)
 {

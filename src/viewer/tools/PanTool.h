@@ -17,6 +17,8 @@ public:
     void press(const MapMouseEvent& event) override { pressed_ = event; }
     void move(const MapMouseEvent& event) override;
     bool release(const MapMouseEvent& event) override;
+    // A drag that Escape interrupts leaves the map where it was.
+    void deactivate() override;
 
 private:
     MapMouseEvent pressed_;
