@@ -37,6 +37,8 @@ private:
     void readFeature(OGRFeature& feature, ImportedLayer& layer);
     void addParts(const OGRGeometry& geometry, const StoredElement& attributes,
                   ImportedLayer& layer);
+    void addRing(std::vector<messages::WirePoint> points, const StoredElement& attributes,
+                 ImportedLayer& layer);
     void addElement(std::vector<messages::WirePoint> points, const StoredElement& attributes,
                     ImportedLayer& layer);
     std::vector<QVariant> attributesOf(OGRFeature& feature) const;
