@@ -98,6 +98,11 @@ bool finite(const Ring& ring)
 
 } // namespace
 
+bool AntimeridianCut::aroundPole(const Ring& ring)
+{
+    return ring.size() >= 3 && finite(ring) && unwrapped(ring).size() > ring.size();
+}
+
 std::vector<Ring> AntimeridianCut::pieces(const Ring& ring)
 {
     if (ring.size() < 3 || !finite(ring)) {

@@ -18,6 +18,9 @@ public:
     // The ring's closed pieces, or the ring itself when it needs no cut (or
     // winds around the globe more than once, or has a non-finite vertex).
     static std::vector<Ring> pieces(const Ring& ring);
+    // The ring, followed along its shortest steps in longitude, ends a whole
+    // turn away from where it started: it runs once around a pole.
+    static bool aroundPole(const Ring& ring);
 };
 
 } // namespace orbelan::server

@@ -203,12 +203,29 @@ void OgrSource::addParts(const OGRGeometry& geometry, const StoredElement& attri
         const auto& polygon = static_cast<const OGRPolygon&>(geometry);
         if (const OGRLinearRing* ring = polygon.getExteriorRing()) {
             addRing(pointsOf(*ring), attributes, layer);
-            layer.droppedHoles += static_cast<std::size_t>(polygon.getNumInteriorRings());
+            addPolarHoles(polygon, attributes, layer);
         }
     } else if (OGR_GT_IsSubClassOf(type, wkbGeometryCollection)) {
         const auto& collection = static_cast<const OGRGeometryCollection&>(geometry);
         for (int part = 0; part < collection.getNumGeometries(); ++part) {
             addParts(*collection.getGeometryRef(part), attributes, layer);
+        }
+    }
+}
+
+// A hole that runs around a pole is, on the sphere, the edge of what the
+// polygon holds beyond its outer ring (Antarctica drawn as the band between
+// a circle at the pole and its coast): it becomes an element of its own,
+// closed through the pole. Other holes are dropped and counted.
+void OgrSource::addPolarHoles(const OGRPolygon& polygon, const StoredElement& attributes,
+                              ImportedLayer& layer)
+{
+    for (int k = 0; k < polygon.getNumInteriorRings(); ++k) {
+        std::vector<messages::WirePoint> points = pointsOf(*polygon.getInteriorRing(k));
+        if (AntimeridianCut::aroundPole(points)) {
+            addRing(std::move(points), attributes, layer);
+        } else {
+            ++layer.droppedHoles;
         }
     }
 }
