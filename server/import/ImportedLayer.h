@@ -25,6 +25,9 @@ struct ImportedLayer {
     // which an element cannot hold.
     std::size_t skippedFeatures = 0;
     std::size_t droppedHoles = 0;
+    // Polygon rings cut at the antimeridian, and the features they belong to.
+    std::size_t cutRings = 0;
+    std::size_t cutFeatures = 0;
 };
 
 } // namespace orbelan::server

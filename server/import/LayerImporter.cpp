@@ -108,6 +108,10 @@ std::int32_t LayerImporter::import(const ImportOptions& options)
         report_ << "; skipped " << layer.skippedFeatures << " features of another kind, dropped "
                 << layer.droppedHoles << " polygon holes";
     }
+    if (layer.cutFeatures > 0) {
+        report_ << "; split " << layer.cutFeatures << " features (" << layer.cutRings
+                << " rings) at the antimeridian";
+    }
     report_ << "\n";
     return record.id;
 }

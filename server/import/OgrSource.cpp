@@ -1,5 +1,7 @@
 #include "import/OgrSource.h"
 
+#include "import/AntimeridianCut.h"
+
 #include "model/FieldTypes.h"
 
 #include <gdal_priv.h>
@@ -176,11 +178,15 @@ void OgrSource::readFeature(OGRFeature& feature, ImportedLayer& layer)
         layer.type = elementType(geometry->getGeometryType());
     }
     const std::size_t before = layer.elements.size();
+    const std::size_t cutBefore = layer.cutRings;
     if (geometry) {
         addParts(*geometry, StoredElement{0, {}, attributesOf(feature)}, layer);
     }
     if (layer.elements.size() == before) {
         ++layer.skippedFeatures;
+    }
+    if (layer.cutRings != cutBefore) {
+        ++layer.cutFeatures;
     }
 }
 
@@ -196,14 +202,46 @@ void OgrSource::addParts(const OGRGeometry& geometry, const StoredElement& attri
     } else if (type == wkbPolygon && layer.type == 4) {
         const auto& polygon = static_cast<const OGRPolygon&>(geometry);
         if (const OGRLinearRing* ring = polygon.getExteriorRing()) {
-            addElement(pointsOf(*ring), attributes, layer);
-            layer.droppedHoles += static_cast<std::size_t>(polygon.getNumInteriorRings());
+            addRing(pointsOf(*ring), attributes, layer);
+            addPolarHoles(polygon, attributes, layer);
         }
     } else if (OGR_GT_IsSubClassOf(type, wkbGeometryCollection)) {
         const auto& collection = static_cast<const OGRGeometryCollection&>(geometry);
         for (int part = 0; part < collection.getNumGeometries(); ++part) {
             addParts(*collection.getGeometryRef(part), attributes, layer);
         }
+    }
+}
+
+// A hole that runs around a pole is, on the sphere, the edge of what the
+// polygon holds beyond its outer ring (Antarctica drawn as the band between
+// a circle at the pole and its coast): it becomes an element of its own,
+// closed through the pole. Other holes are dropped and counted.
+void OgrSource::addPolarHoles(const OGRPolygon& polygon, const StoredElement& attributes,
+                              ImportedLayer& layer)
+{
+    for (int k = 0; k < polygon.getNumInteriorRings(); ++k) {
+        std::vector<messages::WirePoint> points = pointsOf(*polygon.getInteriorRing(k));
+        if (AntimeridianCut::aroundPole(points)) {
+            addRing(std::move(points), attributes, layer);
+        } else {
+            ++layer.droppedHoles;
+        }
+    }
+}
+
+// A ring that crosses the antimeridian becomes one element per piece.
+void OgrSource::addRing(std::vector<messages::WirePoint> points, const StoredElement& attributes,
+                        ImportedLayer& layer)
+{
+    std::vector<Ring> pieces = AntimeridianCut::pieces(points);
+    if (pieces.size() == 1 && pieces.front() == points) {
+        addElement(std::move(points), attributes, layer);
+        return;
+    }
+    ++layer.cutRings;
+    for (Ring& piece : pieces) {
+        addElement(std::move(piece), attributes, layer);
     }
 }
 

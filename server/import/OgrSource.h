@@ -11,6 +11,7 @@ class GDALDataset;
 class OGRFeature;
 class OGRGeometry;
 class OGRLayer;
+class OGRPolygon;
 class OGRCoordinateTransformation;
 
 namespace orbelan::server {
@@ -37,6 +38,10 @@ private:
     void readFeature(OGRFeature& feature, ImportedLayer& layer);
     void addParts(const OGRGeometry& geometry, const StoredElement& attributes,
                   ImportedLayer& layer);
+    void addPolarHoles(const OGRPolygon& polygon, const StoredElement& attributes,
+                       ImportedLayer& layer);
+    void addRing(std::vector<messages::WirePoint> points, const StoredElement& attributes,
+                 ImportedLayer& layer);
     void addElement(std::vector<messages::WirePoint> points, const StoredElement& attributes,
                     ImportedLayer& layer);
     std::vector<QVariant> attributesOf(OGRFeature& feature) const;

@@ -7,6 +7,8 @@
 #include "protocol/messages/CellGeometry.h"
 #include "protocol/messages/CellGeometryRequest.h"
 #include "protocol/CommandCatalogue.h"
+#include "protocol/messages/ElementBoundingBox.h"
+#include "protocol/messages/ElementBoundingBoxRequest.h"
 #include "protocol/messages/LayerAccessLevels.h"
 #include "protocol/messages/LayerAccessLevelsRequest.h"
 #include "protocol/messages/MapDefinitionRequest.h"
@@ -88,6 +90,8 @@ HandlerOutcome RequestHandler::dispatch(SessionState& session, std::int16_t code
         return cellGeometry(session, message);
     case CommandCode::CellFieldValuesRequest:
         return cellValues(session, message);
+    case CommandCode::ElementBoundingBoxRequest:
+        return elementBox(session, message);
     default:
         break;
     }
@@ -233,6 +237,27 @@ HandlerOutcome RequestHandler::cellValues(SessionState& session, DWBUffer& messa
                      "values of \"" + request.field + "\" in " +
                          cellText(request.layer, request.row, request.column) + ": " +
                          std::to_string(reply.references.size()) + " elements",
+                     remarks);
+}
+
+HandlerOutcome RequestHandler::elementBox(SessionState& session, DWBUffer& message)
+{
+    const auto request = messages::ElementBoundingBoxRequest::decode(message);
+    auto reply = messages::ElementBoundingBox::none(request.layer, request.element);
+    Remarks remarks;
+    fill(remarks, [&] {
+        const auto box = levelOf(session, request.layer) == 0
+                             ? std::nullopt
+                             : reader_.elementBox(request.layer, request.element);
+        if (!box) {
+            remarks.add("; no such element or no access to the layer");
+            return;
+        }
+        reply = *box;
+    });
+    return replyWith(reply,
+                     "box of element " + std::to_string(request.element) + " of layer " +
+                         std::to_string(request.layer),
                      remarks);
 }
 

@@ -18,7 +18,7 @@ namespace orbelan::server {
 //
 // Until a connection has passed the access request, any other request but a
 // login closes it. Every counted request that can be read gets exactly one reply, an empty
-// one when its map, layer, cell or field does not exist or the user may not
+// one when its map, layer, cell, element or field does not exist or the user may not
 // see it. A request shorter than its fields, or with a code the server does
 // not answer, is dropped.
 class RequestHandler {
@@ -45,6 +45,7 @@ private:
     HandlerOutcome layerLevels(SessionState& session, DWBUffer& message);
     HandlerOutcome cellGeometry(SessionState& session, DWBUffer& message);
     HandlerOutcome cellValues(SessionState& session, DWBUffer& message);
+    HandlerOutcome elementBox(SessionState& session, DWBUffer& message);
     // The connection's user's level on the layer, remembered per connection.
     std::int16_t levelOf(SessionState& session, std::int32_t layer);
     DWBUffer definitionReply(std::int32_t map);

@@ -58,6 +58,8 @@ MapReader::MapReader(Database& database)
           "SELECT e.id, e.vertices FROM cells c JOIN elements e "
           "ON e.layer_id = c.layer_id AND e.id = c.element_id "
           "WHERE c.layer_id = ? AND c.cell_row = ? AND c.cell_col = ? ORDER BY c.element_id"))),
+      elementBox_(database.prepare(QStringLiteral(
+          "SELECT min_x, min_y, max_x, max_y FROM elements WHERE layer_id = ? AND id = ?"))),
       fieldName_(database.prepare(
           QStringLiteral("SELECT name FROM fields WHERE layer_id = ? AND name = ?")))
 {
@@ -186,6 +188,20 @@ std::vector<messages::CellElement> MapReader::cellElements(std::int32_t layer, s
     }
     cellElements_.finish();
     return elements;
+}
+
+std::optional<messages::ElementBoundingBox> MapReader::elementBox(std::int32_t layer,
+                                                                 std::int32_t element)
+{
+    Database::runWith(elementBox_, {layer, element});
+    std::optional<messages::ElementBoundingBox> box;
+    if (elementBox_.next()) {
+        box = messages::ElementBoundingBox{layer, element, elementBox_.value(0).toDouble(),
+                                           elementBox_.value(1).toDouble(), elementBox_.value(2).toDouble(),
+                                           elementBox_.value(3).toDouble()};
+    }
+    elementBox_.finish();
+    return box;
 }
 
 std::optional<QString> MapReader::storedFieldName(std::int32_t layer, const QString& requested)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "protocol/messages/CellElement.h"
+#include "protocol/messages/ElementBoundingBox.h"
 #include "storage/Database.h"
 #include "protocol/messages/MapDefinition.h"
 
@@ -37,6 +38,9 @@ public:
     // The elements filed in the cell, by id.
     std::vector<messages::CellElement> cellElements(std::int32_t layer, std::int32_t row,
                                                     std::int32_t column);
+    // The element's stored bounding box in degrees; nothing when the layer
+    // has no such element.
+    std::optional<messages::ElementBoundingBox> elementBox(std::int32_t layer, std::int32_t element);
     // The name under which the layer stores the requested field (matched
     // without regard to case); nothing when the layer has no such field.
     std::optional<QString> storedFieldName(std::int32_t layer, const QString& requested);
@@ -60,6 +64,7 @@ private:
     QSqlQuery classes_;
     QSqlQuery level_;
     QSqlQuery cellElements_;
+    QSqlQuery elementBox_;
     QSqlQuery fieldName_;
     std::map<std::pair<std::int32_t, QString>, QSqlQuery> values_;
 };

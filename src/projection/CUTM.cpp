@@ -204,10 +204,8 @@ bool CUTM::Project(double lon, double lat, double& x, double& y) const
     return StoreIfFinite(px, py, x, y);
 }
 
-// The closed spherical formulas. Like the package's spherical branch they
-// give coordinates without the false easting and northing, which the inverse
-// nonetheless removes; the maps of this viewer always name an ellipsoid, so
-// only callers that pass equal axes meet the difference.
+// The closed spherical formulas, with the false easting and northing added as
+// on the ellipsoid, so that the inverse (which removes them) undoes them.
 bool CUTM::forwardSphere(double deltaLon, double phi, double& x, double& y) const
 {
     const double cosPhi = std::cos(phi);
@@ -216,12 +214,12 @@ bool CUTM::forwardSphere(double deltaLon, double phi, double& x, double& y) cons
     if (std::abs(std::abs(b) - 1.0) < kConvergence) {
         return false;
     }
-    x = 0.5 * r_major_ * scale_factor_ * std::log((1.0 + b) / (1.0 - b));
+    x = 0.5 * r_major_ * scale_factor_ * std::log((1.0 + b) / (1.0 - b)) + false_easting_;
     double con = ArcCos(cosPhi * std::cos(deltaLon) / std::sqrt(1.0 - b * b), kHalfPi);
     if (phi < 0.0) {
         con = -con;
     }
-    y = r_major_ * scale_factor_ * (con - lat_origin_);
+    y = r_major_ * scale_factor_ * (con - lat_origin_) + false_northing_;
     return true;
 }
 

@@ -49,6 +49,23 @@ const char* const kBroken = R"({
     {"type": "Feature", "properties": {"name": "Mal"},
      "geometry": {"type": "Point", "coordinates": [-70.65, 95.0]}}]})";
 
+// An island across the antimeridian; a continent around the south pole
+// written as on a sphere, a circle near the pole with the coast as its hole
+// (a ring that does not pass through the pole); and a polygon that needs no
+// cut.
+const char* const kDateline = R"({
+  "type": "FeatureCollection",
+  "features": [
+    {"type": "Feature", "properties": {"name": "Isla"},
+     "geometry": {"type": "Polygon", "coordinates":
+       [[[178, -16], [-178, -16], [-178, -18], [178, -18], [178, -16]]]}},
+    {"type": "Feature", "properties": {"name": "Polo"},
+     "geometry": {"type": "Polygon", "coordinates":
+       [[[-180, -89.9], [-90, -89.9], [0, -89.9], [90, -89.9], [180, -89.9], [-180, -89.9]],
+        [[-170, -70], [-60, -75], [60, -70], [170, -75], [-170, -70]]]}},
+    {"type": "Feature", "properties": {"name": "Otra"},
+     "geometry": {"type": "Polygon", "coordinates": [[[10, 10], [20, 10], [20, 20], [10, 10]]]}}]})";
+
 class LayerImport : public ::testing::Test {
 protected:
     QString write(const char* name, const char* content)
@@ -109,6 +126,25 @@ TEST_F(LayerImport, CoordinatesArriveInLongitudeLatitude)
     ASSERT_TRUE(box.next());
     EXPECT_NEAR(box.value(0).toDouble(), -70.65, 0.05);
     EXPECT_NEAR(box.value(1).toDouble(), -33.45, 0.05);
+}
+
+// Each piece lies within ±180°; the polar rings are closed through the pole,
+// the coast into two pieces.
+TEST_F(LayerImport, RingsAcrossTheAntimeridianAreCutThere)
+{
+    const std::int32_t layer = importer.import(options(write("dateline.geojson", kDateline)));
+    const auto count = [&](const char* condition) {
+        const QString sql = QStringLiteral("SELECT COUNT(*) FROM elements e JOIN layer_%1_attributes a "
+                                           "ON a.element_id = e.id WHERE e.layer_id = %1 AND %2");
+        return countRows(database, sql.arg(layer).arg(QString::fromUtf8(condition)));
+    };
+    EXPECT_EQ(count("a.name = 'Isla' AND max_x - min_x = 2 AND min_y = -18 AND max_y = -16"), 2);
+    EXPECT_EQ(count("a.name = 'Polo' AND min_y = -90"), 3);
+    EXPECT_EQ(count("a.name = 'Polo' AND max_y = -70"), 2);
+    EXPECT_EQ(count("a.name = 'Polo' AND min_x = -180 AND max_x = -170"), 1);
+    EXPECT_EQ(count("a.name = 'Otra' AND min_x = 10 AND max_x = 20"), 1);
+    EXPECT_EQ(count("min_x >= -180 AND max_x <= 180"), 6);
+    EXPECT_NE(report.str().find("split 2 features (3 rings) at the antimeridian"), std::string::npos) << report.str();
 }
 
 TEST_F(LayerImport, AFailedImportChangesNothing)

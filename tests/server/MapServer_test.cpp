@@ -4,6 +4,8 @@
 #include "protocol/messages/CellFieldValuesRequest.h"
 #include "protocol/messages/CellGeometry.h"
 #include "protocol/messages/CellGeometryRequest.h"
+#include "protocol/messages/ElementBoundingBox.h"
+#include "protocol/messages/ElementBoundingBoxRequest.h"
 #include "protocol/messages/LayerAccessLevels.h"
 #include "protocol/messages/LayerAccessLevelsRequest.h"
 #include "protocol/messages/MapDefinition.h"
@@ -15,6 +17,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <utility>
 
 using namespace orbelan;
 using namespace orbelan::messages;
@@ -150,6 +153,22 @@ TEST_F(MapServerTest, UnknownOrForbiddenRequestsGetOneEmptyReplyEach)
     const auto otherMap = client->reply<MapDefinition>();
     ASSERT_TRUE(otherMap);
     EXPECT_TRUE(otherMap->layers.empty());
+}
+
+// An element that is missing, or on a layer the user may not see, still gets
+// its reply: an empty box.
+TEST_F(MapServerTest, ElementBoxesAreTheStoredOnesOrEmpty)
+{
+    auto client = admitted(2);
+    const auto street = client->ask<ElementBoundingBox>(ElementBoundingBoxRequest{SampleStore::kStreets, 1});
+    ASSERT_TRUE(street);
+    EXPECT_EQ(*street, (ElementBoundingBox{SampleStore::kStreets, 1, -70.6512, -33.4502, -70.6489, -33.4498}));
+    for (const auto& [layer, element] : {std::pair{SampleStore::kStreets, 99}, std::pair{SampleStore::kLandmarks, 5},
+                                         std::pair{SampleStore::kOtherLayer, 6}, std::pair{999, 1}}) {
+        const auto box = client->ask<ElementBoundingBox>(ElementBoundingBoxRequest{layer, element});
+        ASSERT_TRUE(box) << layer << "/" << element;
+        EXPECT_EQ(*box, ElementBoundingBox::none(layer, element));
+    }
 }
 
 // The server holds such a client back instead of filling its memory, and
