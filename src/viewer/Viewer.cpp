@@ -321,7 +321,7 @@ void Viewer::changeEvent(QEvent* event)
 // the arrow keys, use it after.
 void Viewer::keyPressEvent(QKeyEvent* event)
 {
-    const int keyCode = inputcodes::keyCodeOf(static_cast<Qt::Key>(event->key()));
+    const int keyCode = inputcodes::keyCodeOf(static_cast<Qt::Key>(event->key()), event->modifiers());
     const int shift = inputcodes::shiftOf(event->modifiers());
     emit KeyDown(keyCode, shift);
     const std::string character = windows1252::fromUtf8(event->text().left(1).toStdString());
@@ -339,7 +339,8 @@ void Viewer::keyPressEvent(QKeyEvent* event)
 
 void Viewer::keyReleaseEvent(QKeyEvent* event)
 {
-    emit KeyUp(inputcodes::keyCodeOf(static_cast<Qt::Key>(event->key())), inputcodes::shiftOf(event->modifiers()));
+    emit KeyUp(inputcodes::keyCodeOf(static_cast<Qt::Key>(event->key()), event->modifiers()),
+               inputcodes::shiftOf(event->modifiers()));
 }
 
 void Viewer::mousePressEvent(QMouseEvent* event) { d_->mousePress(*event); }

@@ -86,10 +86,10 @@ TEST_F(HeadlessViewer, ConnectsAsksForTheMapAndFollowsCommands)
 
     command("About");
     EXPECT_EQ(nextLine(), "dialog dlgAbout \"About Orbelan Viewer\"");
-    command("key 65");
-    EXPECT_EQ(nextLine(), "event KeyDown 65 0");
-    EXPECT_EQ(nextLine(), "event KeyPress 97");
-    EXPECT_EQ(nextLine(), "event KeyUp 65 0");
+    command("key 187");
+    EXPECT_EQ(nextLine(), "event KeyDown 187 0");
+    EXPECT_EQ(nextLine(), "event KeyPress 61");
+    EXPECT_EQ(nextLine(), "event KeyUp 187 0");
     command("set MapCode nine");
     EXPECT_EQ(nextLine(), "error \"set MapCode: \\\"nine\\\" is not a valid value\"");
     command("fly away");
