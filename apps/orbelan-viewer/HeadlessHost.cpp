@@ -150,7 +150,8 @@ void HeadlessHost::reportEvents()
             }
             print(line);
         },
-        {"propertyChanged"});
+        {"propertyChanged", "errorOccurred"});
+    connect(&viewer_, &Viewer::errorOccurred, this, &HeadlessHost::error);
     ui_.setMessageObserver([this](const ShownMessage& message) {
         print(QStringLiteral("msgbox %1 %2 %3")
                   .arg(iconName(message.icon), quote(message.caption), quote(message.text)));

@@ -92,7 +92,7 @@ public:
     QString URL() const;
     void setURL(const QString& url);
     std::int32_t port() const;
-    // Throws std::invalid_argument for a number that is not a TCP port.
+    // A number that is not a TCP port is refused and changes nothing.
     void setPort(std::int32_t port);
     std::int32_t MapCode() const;
     void setMapCode(std::int32_t mapCode);
@@ -127,7 +127,10 @@ public:
     void ReadProperties(const PropertyBag& bag);
     void WriteProperties(PropertyBag& bag) const;
 
-    // The control's commands for hosts; they are invokable by name.
+    // The control's commands for hosts; they are invokable by name. None of
+    // them, nor a property setter or a Qt event, lets an exception out: an
+    // error that stops one is reported with errorOccurred and the control
+    // goes on.
     Q_INVOKABLE void About();
     // Fits the geographic box (corners in any order) into the control,
     // redraws and requests the cells the view still lacks.
@@ -175,6 +178,8 @@ public:
 
 signals:
     void propertyChanged(const QString& key);
+    // An entry into the control stopped on an error: "ENTRY: REASON".
+    void errorOccurred(const QString& message);
 
     void click();
     void DblClick();
@@ -211,6 +216,7 @@ protected:
 private:
     friend class ViewerPrivate;
     QFont ambientFont() const;
+    void keyPressed(const QKeyEvent& event);
 
     std::unique_ptr<ViewerPrivate> d_;
 };

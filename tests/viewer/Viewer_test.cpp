@@ -188,11 +188,14 @@ TEST_F(ViewerTest, EveryWriteIsAnnouncedButLoadingIsNot)
     EXPECT_TRUE(changed.isEmpty());
 }
 
-TEST_F(ViewerTest, APortOutsideTheTcpRangeIsRefused)
+TEST_F(ViewerTest, APortOutsideTheTcpRangeIsRefusedAndReported)
 {
     viewer.setPort(1001);
-    EXPECT_THROW(viewer.setPort(65536), std::invalid_argument);
-    EXPECT_THROW(viewer.setPort(-1), std::invalid_argument);
+    QSignalSpy errors(&viewer, &Viewer::errorOccurred);
+    EXPECT_TRUE(viewer.setProperty("port", 65536));
+    viewer.setPort(-1);
+    ASSERT_EQ(errors.size(), 2);
+    EXPECT_EQ(errors.at(0).at(0).toString(), "port: 65536 is not a TCP port (0 to 65535)");
     EXPECT_EQ(viewer.port(), 1001);
 }
 
