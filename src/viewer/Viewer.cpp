@@ -348,6 +348,12 @@ void Viewer::changeEvent(QEvent* event)
     });
 }
 
+void Viewer::leaveEvent(QEvent* event)
+{
+    QWidget::leaveEvent(event);
+    guarded(*this, "mouse leave", [this] { d_->pointerLeft(); });
+}
+
 void Viewer::keyPressEvent(QKeyEvent* event)
 {
     guarded(*this, "key press", [&] { keyPressed(*event); });

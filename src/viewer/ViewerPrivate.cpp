@@ -112,6 +112,13 @@ void ViewerPrivate::chooseToolTipLayer(int layerId, const QString& field)
     toolTip_->SetLayer(layerId, field);
 }
 
+void ViewerPrivate::pointerLeft()
+{
+    if (toolTip_) {
+        toolTip_->pointerLeft();
+    }
+}
+
 void ViewerPrivate::changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName)
 {
     session_.status().change(layerId, step, layerName);
