@@ -198,6 +198,7 @@ void Viewer::setLayerscargados(bool loaded) { d_->document().layerscargados = lo
 std::uint32_t Viewer::BackgroundColor() const { return d_->document().BackgroundColor; }
 void Viewer::setBackgroundColor(std::uint32_t color) { d_->document().BackgroundColor = color; }
 Layers& Viewer::Layers() { return d_->document().Layers(); }
+void Viewer::setLayers(orbelan::Layers layers) { d_->document().setLayers(std::move(layers)); }
 const Viewport& Viewer::viewport() const { return d_->viewport(); }
 
 void Viewer::InitProperties()
@@ -265,6 +266,7 @@ void Viewer::SetView(double x1, double y1, double x2, double y2)
 }
 
 void Viewer::Redraw() { guarded(*this, "Redraw", [this] { d_->redrawMap(); }); }
+void Viewer::Refresh() { guarded(*this, "Refresh", [this] { repaint(); }); }
 void Viewer::RedrawLayer(std::int32_t IDLayer) { d_->drawMap(IDLayer); }
 void Viewer::ZoomIn() { guarded(*this, "ZoomIn", [this] { d_->zoomAboutCentre(2); }); }
 void Viewer::ZoomOut() { guarded(*this, "ZoomOut", [this] { d_->zoomAboutCentre(0.5f); }); }

@@ -33,6 +33,8 @@ class Viewer : public QWidget {
     Q_OBJECT
     Q_PROPERTY(uint BackColor READ BackColor WRITE setBackColor)
     Q_PROPERTY(uint ForeColor READ ForeColor WRITE setForeColor)
+    Q_PROPERTY(bool Enabled READ isEnabled WRITE setEnabled)
+    Q_PROPERTY(QFont font READ font WRITE setFont)
     Q_PROPERTY(short Appearance READ Appearance WRITE setAppearance)
     Q_PROPERTY(short BackStyle READ BackStyle WRITE setBackStyle)
     Q_PROPERTY(short BorderStyle READ BorderStyle WRITE setBorderStyle)
@@ -118,6 +120,9 @@ public:
     std::uint32_t BackgroundColor() const;
     void setBackgroundColor(std::uint32_t color);
     orbelan::Layers& Layers();
+    // Puts a collection in place of the map's layers, to be drawn at the next
+    // redraw; its layers belong to this control from now on.
+    void setLayers(orbelan::Layers layers);
     // The view: centre and scale in the map's plane, the visible box in degrees.
     const Viewport& viewport() const;
 
@@ -142,6 +147,9 @@ public:
     // The same after one layer's data or style changed: that layer is drawn
     // anew, the others as they were drawn last.
     void RedrawLayer(std::int32_t IDLayer);
+    // Puts the picture drawn last on the screen at once, without drawing the
+    // map again.
+    Q_INVOKABLE void Refresh();
     Q_INVOKABLE void ZoomIn();
     Q_INVOKABLE void ZoomOut();
     Q_INVOKABLE void ZoomExtents();

@@ -94,6 +94,8 @@ TEST_F(HeadlessViewer, ConnectsAsksForTheMapAndFollowsCommands)
     EXPECT_EQ(nextLine(), "error \"set MapCode: \\\"nine\\\" is not a valid value\"");
     command("set port 70000");
     EXPECT_EQ(nextLine(), "error \"port: 70000 is not a TCP port (0 to 65535)\"");
+    command("get Nombre");
+    EXPECT_EQ(nextLine(), "property Nombre \"\"");
     command("fly away");
     EXPECT_EQ(nextLine(), "error \"unknown command: fly\"");
     quit();
