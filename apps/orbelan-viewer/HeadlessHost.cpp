@@ -92,7 +92,8 @@ QString keyText(Qt::Key key, Qt::KeyboardModifiers modifiers)
         const QChar letter(static_cast<char16_t>(key));
         return modifiers & Qt::ShiftModifier ? QString(letter) : QString(letter.toLower());
     }
-    if ((key >= Qt::Key_0 && key <= Qt::Key_9) || key == Qt::Key_Space) {
+    // Qt's keys of the printable ASCII characters are those characters.
+    if (key >= Qt::Key_Space && key <= Qt::Key_AsciiTilde) {
         return QString(QChar(static_cast<char16_t>(key)));
     }
     if (key == Qt::Key_Return || key == Qt::Key_Enter) {
@@ -149,7 +150,8 @@ void HeadlessHost::reportEvents()
             }
             print(line);
         },
-        {"propertyChanged"});
+        {"propertyChanged", "errorOccurred"});
+    connect(&viewer_, &Viewer::errorOccurred, this, &HeadlessHost::error);
     ui_.setMessageObserver([this](const ShownMessage& message) {
         print(QStringLiteral("msgbox %1 %2 %3")
                   .arg(iconName(message.icon), quote(message.caption), quote(message.text)));
@@ -409,16 +411,16 @@ void HeadlessHost::key(const QStringList& arguments)
 {
     const auto code = arguments.size() >= 1 ? toInt(arguments[0]) : std::nullopt;
     const auto shift = arguments.size() >= 2 ? toInt(arguments[1]) : std::optional(0);
-    const Qt::Key key = code ? inputcodes::keyOf(*code) : Qt::Key_unknown;
-    if (key == Qt::Key_unknown || !shift || arguments.size() > 2) {
+    const inputcodes::QtKey key = code ? inputcodes::keyOf(*code) : inputcodes::QtKey{};
+    if (key.key == Qt::Key_unknown || !shift || arguments.size() > 2) {
         error(QStringLiteral("key needs a known key CODE and an optional SHIFT"));
         return;
     }
-    const Qt::KeyboardModifiers modifiers = inputcodes::modifiersOf(*shift);
-    const QString text = keyText(key, modifiers);
-    QKeyEvent press(QEvent::KeyPress, key, modifiers, text);
+    const Qt::KeyboardModifiers modifiers = key.modifiers | inputcodes::modifiersOf(*shift);
+    const QString text = keyText(key.key, modifiers);
+    QKeyEvent press(QEvent::KeyPress, key.key, modifiers, text);
     QCoreApplication::sendEvent(&viewer_, &press);
-    QKeyEvent release(QEvent::KeyRelease, key, modifiers, text);
+    QKeyEvent release(QEvent::KeyRelease, key.key, modifiers, text);
     QCoreApplication::sendEvent(&viewer_, &release);
 }
 

@@ -3,13 +3,17 @@
 #include <QCommandLineParser>
 #include <QRegularExpression>
 
+#include <climits>
 #include <iostream>
 
 namespace orbelan {
 
 namespace {
 
-std::optional<int> integer(const QCommandLineParser& parser, const QString& name, bool& ok)
+constexpr int kHighestPort = 65535;
+
+std::optional<int> integer(const QCommandLineParser& parser, const QString& name, bool& ok, int lowest = INT_MIN,
+                           int highest = INT_MAX)
 {
     if (!parser.isSet(name)) {
         return std::nullopt;
@@ -19,6 +23,10 @@ std::optional<int> integer(const QCommandLineParser& parser, const QString& name
     if (!valid) {
         std::cerr << "orbelan-viewer: --" << name.toStdString() << " needs a whole number, not \""
                   << parser.value(name).toStdString() << "\"\n";
+        ok = false;
+    } else if (value < lowest || value > highest) {
+        std::cerr << "orbelan-viewer: --" << name.toStdString() << " needs a number from " << lowest << " to "
+                  << highest << ", not " << value << "\n";
         ok = false;
     }
     return value;
@@ -70,7 +78,7 @@ std::optional<HostOptions> HostOptions::parse(const QStringList& arguments, int&
     if (parser.isSet("url")) {
         options.url = parser.value("url");
     }
-    options.port = integer(parser, "port", ok);
+    options.port = integer(parser, "port", ok, 0, kHighestPort);
     options.user = integer(parser, "user", ok);
     options.map = integer(parser, "map", ok);
     options.toolTipLayer = integer(parser, "tooltip", ok);

@@ -64,7 +64,8 @@ QString formatValue(const QVariant& value)
     case QMetaType::Bool: return value.toBool() ? QStringLiteral("true") : QStringLiteral("false");
     case QMetaType::Float: return shortest(value.toFloat());
     case QMetaType::Double: return shortest(value.toDouble());
-    case QMetaType::QString: return quote(value.toString());
+    case QMetaType::QString:
+    case QMetaType::QFont: return quote(value.toString());
     default: break;
     }
     if (value.canConvert<QVariantList>()) {

@@ -102,12 +102,7 @@ int main(int argc, char** argv)
     const auto settings = openSettings(*options);
     SettingsPropertyBag bag(*settings, kPropertyGroup);
     auto viewer = std::make_unique<Viewer>();
-    try {
-        configure(*viewer, *options, bag);
-    } catch (const std::exception& failure) {
-        std::cerr << "orbelan-viewer: " << failure.what() << "\n";
-        return 2;
-    }
+    configure(*viewer, *options, bag);
     if (options->headless) {
         return runHeadless(std::move(viewer), *options);
     }

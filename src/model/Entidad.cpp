@@ -16,12 +16,13 @@ namespace orbelan {
 
 namespace {
 
-// The platform keeps a crossing in a Single variable; a value beyond the
-// Single range overflows there, and does so here.
+// A crossing is kept in single precision. One beyond the Single range keeps
+// its double value: it lies that far beyond the pointer either way, so the
+// count comes out as it would with the range unbounded.
 double roundedToSingle(double value)
 {
-    if (std::isfinite(value) && std::fabs(value) > std::numeric_limits<float>::max()) {
-        throw std::overflow_error("crossing " + std::to_string(value) + " is beyond the Single range");
+    if (!std::isfinite(value) || std::fabs(value) > std::numeric_limits<float>::max()) {
+        return value;
     }
     return static_cast<float>(value);
 }

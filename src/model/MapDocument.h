@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <utility>
 
 namespace orbelan {
 
@@ -40,6 +41,15 @@ public:
 
     orbelan::Layers& Layers() { return layers_; }
     const orbelan::Layers& Layers() const { return layers_; }
+    // Puts a collection in place of the map's layers; its layers belong to
+    // this map from now on.
+    void setLayers(orbelan::Layers layers)
+    {
+        for (layer& mapLayer : layers) {
+            mapLayer.belongTo(parent_);
+        }
+        layers_ = std::move(layers);
+    }
     // Adds a layer at the end, as Layers::AddLayer does, belonging to this map.
     layer& addLayer(const std::string& name, std::int32_t id, TipoLayer kind)
     {

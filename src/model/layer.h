@@ -98,6 +98,12 @@ public:
 
     // The map view the layer belongs to.
     const ParentMap& parentMap() const { return *parent_; }
+    // Moves the layer to another map view, with that view's number for its image.
+    void belongTo(const ParentMap& parent)
+    {
+        parent_ = &parent;
+        ImageNumber = parent.ImageNumberOf(ImageName);
+    }
 
     orbelan::Labels& Labels() { return labels_; }
     const orbelan::Labels& Labels() const { return labels_; }

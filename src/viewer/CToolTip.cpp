@@ -68,6 +68,12 @@ void CToolTip::mousemove(float X, float Y)
     timer_.start(kSampleMilliseconds);
 }
 
+void CToolTip::pointerLeft()
+{
+    timer_.stop();
+    box_.hide();
+}
+
 void CToolTip::SetLayer(std::int32_t layerID, const QString& fieldName)
 {
     layerID_ = layerID;

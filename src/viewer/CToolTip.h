@@ -34,6 +34,8 @@ public:
 
     // A move while sampling hides the box; a move while idle starts sampling.
     void mousemove(float X, float Y);
+    // The pointer left the map: the box hides and sampling stops.
+    void pointerLeft();
     // Layer 0 switches the tooltip off and hides a box on show. The field
     // name is kept; the text shown is always the layer's label.
     void SetLayer(std::int32_t layerID, const QString& fieldName);

@@ -1,58 +1,147 @@
 #include "viewer/InputCodes.h"
 
-#include <algorithm>
 #include <array>
-#include <utility>
 
 namespace orbelan::inputcodes {
 
 namespace {
 
-// Keys whose virtual key number is not their character code.
-constexpr std::array<std::pair<int, Qt::Key>, 29> kNamedKeys = {{
-    {8, Qt::Key_Backspace}, {9, Qt::Key_Tab},      {12, Qt::Key_Clear},   {13, Qt::Key_Return},
-    {16, Qt::Key_Shift},    {17, Qt::Key_Control}, {18, Qt::Key_Alt},     {19, Qt::Key_Pause},
-    {20, Qt::Key_CapsLock}, {27, Qt::Key_Escape},  {32, Qt::Key_Space},   {33, Qt::Key_PageUp},
-    {34, Qt::Key_PageDown}, {35, Qt::Key_End},     {36, Qt::Key_Home},    {37, Qt::Key_Left},
-    {38, Qt::Key_Up},       {39, Qt::Key_Right},   {40, Qt::Key_Down},    {44, Qt::Key_Print},
-    {45, Qt::Key_Insert},   {46, Qt::Key_Delete},  {47, Qt::Key_Help},    {107, Qt::Key_Plus},
-    {109, Qt::Key_Minus},   {144, Qt::Key_NumLock}, {145, Qt::Key_ScrollLock}, {13, Qt::Key_Enter},
-    {93, Qt::Key_Menu},
-}};
+// Where on the keyboard a Qt key must come from to have a row's number.
+enum class Place {
+    anywhere,
+    mainRow,   // without Qt::KeypadModifier
+    keypad,    // with Qt::KeypadModifier
+    unshifted, // main row, Shift up
+};
 
-constexpr int kFirstFunctionKey = 112; // F1; F1 to F24 follow one another
+// count keys from first, whose numbers run from code: one key, or a run
+// such as A to Z.
+struct KeyRow {
+    Qt::Key first;
+    int code;
+    Place place = Place::anywhere;
+    int count = 1;
+};
 
-bool isLetterOrDigit(int code)
+// Every key of a standard keyboard. Where two rows give a key, the first
+// that fits its place wins; where two give a number, the first names its
+// key, so the unshifted symbol of a key comes before the shifted one.
+constexpr std::array kKeys = std::to_array<KeyRow>({
+    {Qt::Key_A, 65, Place::anywhere, 26},
+    {Qt::Key_0, 48, Place::mainRow, 10},
+    {Qt::Key_0, 96, Place::keypad, 10},
+    {Qt::Key_F1, 112, Place::anywhere, 24},
+    {Qt::Key_Left, 37, Place::anywhere, 4}, // left, up, right, down
+    {Qt::Key_PageUp, 33, Place::anywhere, 2},
+    {Qt::Key_End, 35},
+    {Qt::Key_Home, 36},
+    {Qt::Key_Insert, 45},
+    {Qt::Key_Delete, 46},
+    {Qt::Key_Clear, 12}, // the keypad's 5 without Num Lock
+    {Qt::Key_Cancel, 3},
+    {Qt::Key_Backspace, 8},
+    {Qt::Key_Tab, 9},
+    {Qt::Key_Backtab, 9}, // Shift and Tab
+    {Qt::Key_Return, 13},
+    {Qt::Key_Enter, 13},
+    {Qt::Key_Shift, 16},
+    {Qt::Key_Control, 17},
+    {Qt::Key_Alt, 18},
+    {Qt::Key_AltGr, 18},
+    {Qt::Key_Pause, 19},
+    {Qt::Key_CapsLock, 20},
+    {Qt::Key_Escape, 27},
+    {Qt::Key_Space, 32},
+    {Qt::Key_Select, 41},
+    {Qt::Key_Printer, 42},
+    {Qt::Key_Execute, 43},
+    {Qt::Key_Print, 44},
+    {Qt::Key_SysReq, 44}, // Alt and Print Screen
+    {Qt::Key_Help, 47},
+    {Qt::Key_Super_L, 91},
+    {Qt::Key_Meta, 91},
+    {Qt::Key_Super_R, 92},
+    {Qt::Key_Menu, 93},
+    {Qt::Key_Sleep, 95},
+    {Qt::Key_Asterisk, 106, Place::keypad},
+    {Qt::Key_Plus, 107, Place::keypad},
+    {Qt::Key_Minus, 109, Place::keypad},
+    {Qt::Key_Period, 110, Place::keypad},
+    {Qt::Key_Comma, 110, Place::keypad}, // the decimal key where it types a comma
+    {Qt::Key_Slash, 111, Place::keypad},
+    {Qt::Key_NumLock, 144},
+    {Qt::Key_ScrollLock, 145},
+    {Qt::Key_Semicolon, 186},
+    {Qt::Key_Colon, 186},
+    {Qt::Key_Equal, 187},
+    {Qt::Key_Plus, 187, Place::mainRow},
+    {Qt::Key_Comma, 188, Place::mainRow},
+    {Qt::Key_Less, 226, Place::unshifted}, // the extra key beside the left Shift
+    {Qt::Key_Less, 188, Place::mainRow},
+    {Qt::Key_Minus, 189, Place::mainRow},
+    {Qt::Key_Underscore, 189},
+    {Qt::Key_Period, 190, Place::mainRow},
+    {Qt::Key_Greater, 190},
+    {Qt::Key_Slash, 191, Place::mainRow},
+    {Qt::Key_Question, 191},
+    {Qt::Key_QuoteLeft, 192},
+    {Qt::Key_AsciiTilde, 192},
+    {Qt::Key_BracketLeft, 219},
+    {Qt::Key_BraceLeft, 219},
+    {Qt::Key_Backslash, 220},
+    {Qt::Key_Bar, 220},
+    {Qt::Key_BracketRight, 221},
+    {Qt::Key_BraceRight, 221},
+    {Qt::Key_Apostrophe, 222},
+    {Qt::Key_QuoteDbl, 222},
+    // The digits' shifted symbols.
+    {Qt::Key_ParenRight, 48},
+    {Qt::Key_Exclam, 49},
+    {Qt::Key_At, 50},
+    {Qt::Key_NumberSign, 51},
+    {Qt::Key_Dollar, 52},
+    {Qt::Key_Percent, 53},
+    {Qt::Key_AsciiCircum, 54},
+    {Qt::Key_Ampersand, 55},
+    {Qt::Key_Asterisk, 56, Place::mainRow},
+    {Qt::Key_ParenLeft, 57},
+});
+
+bool fits(Place place, Qt::KeyboardModifiers modifiers)
 {
-    return (code >= '0' && code <= '9') || (code >= 'A' && code <= 'Z');
+    const bool onKeypad = modifiers.testFlag(Qt::KeypadModifier);
+    switch (place) {
+    case Place::anywhere: return true;
+    case Place::mainRow: return !onKeypad;
+    case Place::keypad: return onKeypad;
+    case Place::unshifted: return !onKeypad && !modifiers.testFlag(Qt::ShiftModifier);
+    }
+    return false;
 }
 
 } // namespace
 
-int keyCodeOf(Qt::Key key)
+int keyCodeOf(Qt::Key key, Qt::KeyboardModifiers modifiers)
 {
-    if (isLetterOrDigit(key)) {
-        return key;
+    for (const KeyRow& row : kKeys) {
+        const int offset = key - row.first;
+        if (offset >= 0 && offset < row.count && fits(row.place, modifiers)) {
+            return row.code + offset;
+        }
     }
-    if (key >= Qt::Key_F1 && key <= Qt::Key_F24) {
-        return kFirstFunctionKey + (key - Qt::Key_F1);
-    }
-    const auto named = std::find_if(kNamedKeys.begin(), kNamedKeys.end(),
-                                    [key](const auto& entry) { return entry.second == key; });
-    return named == kNamedKeys.end() ? 0 : named->first;
+    return 0;
 }
 
-Qt::Key keyOf(int keyCode)
+QtKey keyOf(int keyCode)
 {
-    if (isLetterOrDigit(keyCode)) {
-        return static_cast<Qt::Key>(keyCode);
+    for (const KeyRow& row : kKeys) {
+        const int offset = keyCode - row.code;
+        if (offset >= 0 && offset < row.count) {
+            return {static_cast<Qt::Key>(row.first + offset),
+                    row.place == Place::keypad ? Qt::KeypadModifier : Qt::NoModifier};
+        }
     }
-    if (keyCode >= kFirstFunctionKey && keyCode < kFirstFunctionKey + 24) {
-        return static_cast<Qt::Key>(Qt::Key_F1 + (keyCode - kFirstFunctionKey));
-    }
-    const auto named = std::find_if(kNamedKeys.begin(), kNamedKeys.end(),
-                                    [keyCode](const auto& entry) { return entry.first == keyCode; });
-    return named == kNamedKeys.end() ? Qt::Key_unknown : named->second;
+    return {};
 }
 
 int shiftOf(Qt::KeyboardModifiers modifiers)

@@ -1,5 +1,6 @@
 #include "viewer/Viewer.h"
 
+#include "viewer/Guarded.h"
 #include "viewer/InputCodes.h"
 #include "render/OleColor.h"
 #include "viewer/tools/PanTool.h"
@@ -84,16 +85,20 @@ std::int16_t Viewer::BorderStyle() const { return d_->surface.border; }
 
 void Viewer::setBackColor(std::uint32_t color)
 {
-    d_->surface.back = color;
-    d_->applyColors();
-    emit propertyChanged(kBackColorKey);
+    guarded(*this, kBackColorKey, [&] {
+        d_->surface.back = color;
+        d_->applyColors();
+        emit propertyChanged(kBackColorKey);
+    });
 }
 
 void Viewer::setForeColor(std::uint32_t color)
 {
-    d_->surface.fore = color;
-    d_->applyColors();
-    emit propertyChanged(kForeColorKey);
+    guarded(*this, kForeColorKey, [&] {
+        d_->surface.fore = color;
+        d_->applyColors();
+        emit propertyChanged(kForeColorKey);
+    });
 }
 
 void Viewer::setAppearance(std::int16_t appearance)
@@ -104,16 +109,20 @@ void Viewer::setAppearance(std::int16_t appearance)
 
 void Viewer::setBackStyle(std::int16_t backStyle)
 {
-    d_->surface.backMode = backStyle;
-    d_->applyColors();
-    emit propertyChanged(kBackStyleKey);
+    guarded(*this, kBackStyleKey, [&] {
+        d_->surface.backMode = backStyle;
+        d_->applyColors();
+        emit propertyChanged(kBackStyleKey);
+    });
 }
 
 void Viewer::setBorderStyle(std::int16_t borderStyle)
 {
-    d_->surface.border = borderStyle;
-    update();
-    emit propertyChanged(kBorderStyleKey);
+    guarded(*this, kBorderStyleKey, [&] {
+        d_->surface.border = borderStyle;
+        update();
+        emit propertyChanged(kBorderStyleKey);
+    });
 }
 
 QString Viewer::URL() const
@@ -123,8 +132,10 @@ QString Viewer::URL() const
 
 void Viewer::setURL(const QString& url)
 {
-    d_->session().connection().socket().setRemoteHost(url);
-    emit propertyChanged(kUrlKey);
+    guarded(*this, kUrlKey, [&] {
+        d_->session().connection().socket().setRemoteHost(url);
+        emit propertyChanged(kUrlKey);
+    });
 }
 
 std::int32_t Viewer::port() const
@@ -134,11 +145,13 @@ std::int32_t Viewer::port() const
 
 void Viewer::setPort(std::int32_t port)
 {
-    if (port < 0 || port > kMaximumPort) {
-        throw std::invalid_argument("port " + std::to_string(port) + " is not a TCP port (0 to 65535)");
-    }
-    d_->session().connection().socket().setRemotePort(static_cast<quint16>(port));
-    emit propertyChanged(kPortKey);
+    guarded(*this, "port", [&] {
+        if (port < 0 || port > kMaximumPort) {
+            throw std::invalid_argument(std::to_string(port) + " is not a TCP port (0 to 65535)");
+        }
+        d_->session().connection().socket().setRemotePort(static_cast<quint16>(port));
+        emit propertyChanged(kPortKey);
+    });
 }
 
 std::int32_t Viewer::MapCode() const { return d_->document().MapCode; }
@@ -158,20 +171,28 @@ void Viewer::setIDUser(std::int32_t idUser)
 
 void Viewer::setWidth(int width)
 {
-    resize(width, height());
-    emit propertyChanged(QStringLiteral("Width"));
+    guarded(*this, "Width", [&] {
+        resize(width, height());
+        emit propertyChanged(QStringLiteral("Width"));
+    });
 }
 
 void Viewer::setHeight(int height)
 {
-    resize(width(), height);
-    emit propertyChanged(QStringLiteral("height"));
+    guarded(*this, "Height", [&] {
+        resize(width(), height);
+        emit propertyChanged(QStringLiteral("height"));
+    });
 }
 
 int Viewer::Projection() const { return d_->document().Projection; }
 void Viewer::setProjection(int code) { d_->document().Projection = code; }
 QString Viewer::Nombre() const { return QString::fromStdString(d_->document().Nombre); }
-void Viewer::setNombre(const QString& name) { d_->document().Nombre = name.toStdString(); }
+void Viewer::setNombre(const QString& name)
+{
+    guarded(*this, "Nombre", [&] { d_->document().Nombre = name.toStdString(); });
+}
+
 bool Viewer::layerscargados() const { return d_->document().layerscargados; }
 void Viewer::setLayerscargados(bool loaded) { d_->document().layerscargados = loaded; }
 std::uint32_t Viewer::BackgroundColor() const { return d_->document().BackgroundColor; }
@@ -181,6 +202,7 @@ void Viewer::setOrigenX(float x) { d_->centreView({x, d_->viewport().centre().y}
 float Viewer::origenY() const { return static_cast<float>(d_->viewport().centre().y); }
 void Viewer::setOrigenY(float y) { d_->centreView({d_->viewport().centre().x, y}); }
 Layers& Viewer::Layers() { return d_->document().Layers(); }
+void Viewer::setLayers(orbelan::Layers layers) { d_->document().setLayers(std::move(layers)); }
 const Viewport& Viewer::viewport() const { return d_->viewport(); }
 
 void Viewer::InitProperties()
@@ -229,45 +251,52 @@ void Viewer::WriteProperties(PropertyBag& bag) const
 
 void Viewer::About()
 {
-    dlgAbout about(this);
-    d_->ui().execDialog(about);
+    guarded(*this, "About", [this] {
+        dlgAbout about(this);
+        d_->ui().execDialog(about);
+    });
 }
 
 void Viewer::SetView(double x1, double y1, double x2, double y2)
 {
-    BoundingBox box;
-    box.MinX = x1;
-    box.MinY = y1;
-    box.MaxX = x2;
-    box.MaxY = y2;
-    d_->showBox(box);
+    guarded(*this, "SetView", [&] {
+        BoundingBox box;
+        box.MinX = x1;
+        box.MinY = y1;
+        box.MaxX = x2;
+        box.MaxY = y2;
+        d_->showBox(box);
+    });
 }
 
-void Viewer::Redraw() { d_->redrawMap(); }
+void Viewer::Redraw() { guarded(*this, "Redraw", [this] { d_->redrawMap(); }); }
+void Viewer::Refresh() { guarded(*this, "Refresh", [this] { repaint(); }); }
 void Viewer::RedrawLayer(std::int32_t IDLayer) { d_->drawMap(IDLayer); }
-void Viewer::ZoomIn() { d_->zoomAboutCentre(2); }
-void Viewer::ZoomOut() { d_->zoomAboutCentre(0.5f); }
-void Viewer::ZoomExtents() { d_->zoomToExtents(); }
-void Viewer::ZoomWindow() { d_->armTool(ZoomWindowTool::kNumber); }
-void Viewer::Pan() { d_->armTool(PanTool::kNumber); }
+void Viewer::ZoomIn() { guarded(*this, "ZoomIn", [this] { d_->zoomAboutCentre(2); }); }
+void Viewer::ZoomOut() { guarded(*this, "ZoomOut", [this] { d_->zoomAboutCentre(0.5f); }); }
+void Viewer::ZoomExtents() { guarded(*this, "ZoomExtents", [this] { d_->zoomToExtents(); }); }
+void Viewer::ZoomWindow() { guarded(*this, "ZoomWindow", [this] { d_->armTool(ZoomWindowTool::kNumber); }); }
+void Viewer::Pan() { guarded(*this, "Pan", [this] { d_->armTool(PanTool::kNumber); }); }
 
 void Viewer::ZoomFactor(float Factor)
 {
-    if (Factor > 0 && Factor != 1) {
-        d_->armZoomFactor(Factor);
-    }
+    guarded(*this, "ZoomFactor", [&] {
+        if (Factor > 0 && Factor != 1) {
+            d_->armZoomFactor(Factor);
+        }
+    });
 }
 
 float Viewer::CurrentZoom() const { return d_->viewport().CurrentZoom(); }
 
 void Viewer::ZoomToSelected(int IDLayer, const QList<int>& IDElement)
 {
-    d_->showElements(IDLayer, IDElement);
+    guarded(*this, "ZoomToSelected", [&] { d_->showElements(IDLayer, IDElement); });
 }
 
 void Viewer::SetToolTip(int IDLayer, const QString& ToolTipField)
 {
-    d_->chooseToolTipLayer(IDLayer, ToolTipField);
+    guarded(*this, "SetToolTip", [&] { d_->chooseToolTipLayer(IDLayer, ToolTipField); });
 }
 
 void Viewer::RequestMissingCells() { d_->requestCellsOfView(); }
@@ -285,50 +314,87 @@ void Viewer::showEvent(QShowEvent* event)
     if (event->spontaneous() || !d_->userMode) {
         return;
     }
-    if (d_->firstShowPending) {
-        d_->firstShowPending = false;
-        d_->firstShow();
-    }
-    d_->placeCompanyLabel();
+    guarded(*this, "show", [this] {
+        if (d_->firstShowPending) {
+            d_->firstShowPending = false;
+            d_->firstShow();
+        }
+        d_->placeCompanyLabel();
+    });
 }
 
 void Viewer::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
     if (!event->spontaneous()) {
-        d_->session().close();
+        guarded(*this, "hide", [this] { d_->session().close(); });
     }
 }
 
 void Viewer::resizeEvent(QResizeEvent* event)
 {
     QWidget::resizeEvent(event);
-    d_->resized();
+    guarded(*this, "resize", [this] { d_->resized(); });
 }
 
 void Viewer::paintEvent(QPaintEvent*)
 {
-    d_->paint();
+    guarded(*this, "paint", [this] { d_->paint(); });
 }
 
 void Viewer::changeEvent(QEvent* event)
 {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::FontChange) {
-        emit propertyChanged(kFontKey);
-    } else if (event->type() == QEvent::EnabledChange) {
-        emit propertyChanged(kEnabledKey);
-    }
+    guarded(*this, "change", [&] {
+        if (event->type() == QEvent::FontChange) {
+            emit propertyChanged(kFontKey);
+        } else if (event->type() == QEvent::EnabledChange) {
+            emit propertyChanged(kEnabledKey);
+        }
+    });
+}
+
+void Viewer::leaveEvent(QEvent* event)
+{
+    QWidget::leaveEvent(event);
+    guarded(*this, "mouse leave", [this] { d_->pointerLeft(); });
+}
+
+void Viewer::keyPressEvent(QKeyEvent* event)
+{
+    guarded(*this, "key press", [&] { keyPressed(*event); });
+}
+
+void Viewer::keyReleaseEvent(QKeyEvent* event)
+{
+    guarded(*this, "key release", [&] {
+        emit KeyUp(inputcodes::keyCodeOf(static_cast<Qt::Key>(event->key()), event->modifiers()),
+                   inputcodes::shiftOf(event->modifiers()));
+    });
+}
+
+void Viewer::mousePressEvent(QMouseEvent* event) { guarded(*this, "mouse press", [&] { d_->mousePress(*event); }); }
+void Viewer::mouseMoveEvent(QMouseEvent* event) { guarded(*this, "mouse move", [&] { d_->mouseMove(*event); }); }
+void Viewer::mouseReleaseEvent(QMouseEvent* event) { guarded(*this, "mouse release", [&] { d_->mouseRelease(*event); }); }
+
+void Viewer::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    guarded(*this, "double click", [&] { d_->mouseDoubleClick(*event); });
+}
+
+void Viewer::wheelEvent(QWheelEvent* event)
+{
+    guarded(*this, "wheel", [&] { d_->wheel(event->angleDelta().y(), event->position()); });
 }
 
 // Escape resets the tool before hosts hear the key; the current tool, then
 // the arrow keys, use it after.
-void Viewer::keyPressEvent(QKeyEvent* event)
+void Viewer::keyPressed(const QKeyEvent& event)
 {
-    const int keyCode = inputcodes::keyCodeOf(static_cast<Qt::Key>(event->key()));
-    const int shift = inputcodes::shiftOf(event->modifiers());
+    const int keyCode = inputcodes::keyCodeOf(static_cast<Qt::Key>(event.key()), event.modifiers());
+    const int shift = inputcodes::shiftOf(event.modifiers());
     emit KeyDown(keyCode, shift);
-    const std::string character = windows1252::fromUtf8(event->text().left(1).toStdString());
+    const std::string character = windows1252::fromUtf8(event.text().left(1).toStdString());
     if (!character.empty()) {
         const int ascii = static_cast<unsigned char>(character.front());
         if (ascii == kEscape) {
@@ -337,20 +403,9 @@ void Viewer::keyPressEvent(QKeyEvent* event)
         emit KeyPress(ascii);
     }
     if (!d_->tools().key(keyCode, shift)) {
-        d_->navigationKey(event->key());
+        d_->navigationKey(event.key());
     }
 }
-
-void Viewer::keyReleaseEvent(QKeyEvent* event)
-{
-    emit KeyUp(inputcodes::keyCodeOf(static_cast<Qt::Key>(event->key())), inputcodes::shiftOf(event->modifiers()));
-}
-
-void Viewer::mousePressEvent(QMouseEvent* event) { d_->mousePress(*event); }
-void Viewer::mouseMoveEvent(QMouseEvent* event) { d_->mouseMove(*event); }
-void Viewer::mouseReleaseEvent(QMouseEvent* event) { d_->mouseRelease(*event); }
-void Viewer::mouseDoubleClickEvent(QMouseEvent* event) { d_->mouseDoubleClick(*event); }
-void Viewer::wheelEvent(QWheelEvent* event) { d_->wheel(event->angleDelta().y(), event->position()); }
 
 QFont Viewer::ambientFont() const
 {

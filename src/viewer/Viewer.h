@@ -33,6 +33,8 @@ class Viewer : public QWidget {
     Q_OBJECT
     Q_PROPERTY(uint BackColor READ BackColor WRITE setBackColor)
     Q_PROPERTY(uint ForeColor READ ForeColor WRITE setForeColor)
+    Q_PROPERTY(bool Enabled READ isEnabled WRITE setEnabled)
+    Q_PROPERTY(QFont font READ font WRITE setFont)
     Q_PROPERTY(short Appearance READ Appearance WRITE setAppearance)
     Q_PROPERTY(short BackStyle READ BackStyle WRITE setBackStyle)
     Q_PROPERTY(short BorderStyle READ BorderStyle WRITE setBorderStyle)
@@ -94,7 +96,7 @@ public:
     QString URL() const;
     void setURL(const QString& url);
     std::int32_t port() const;
-    // Throws std::invalid_argument for a number that is not a TCP port.
+    // A number that is not a TCP port is refused and changes nothing.
     void setPort(std::int32_t port);
     std::int32_t MapCode() const;
     void setMapCode(std::int32_t mapCode);
@@ -126,6 +128,9 @@ public:
     float origenY() const;
     void setOrigenY(float y);
     orbelan::Layers& Layers();
+    // Puts a collection in place of the map's layers, to be drawn at the next
+    // redraw; its layers belong to this control from now on.
+    void setLayers(orbelan::Layers layers);
     // The view: centre and scale in the map's plane, the visible box in degrees.
     const Viewport& viewport() const;
 
@@ -135,7 +140,10 @@ public:
     void ReadProperties(const PropertyBag& bag);
     void WriteProperties(PropertyBag& bag) const;
 
-    // The control's commands for hosts; they are invokable by name.
+    // The control's commands for hosts; they are invokable by name. None of
+    // them, nor a property setter or a Qt event, lets an exception out: an
+    // error that stops one is reported with errorOccurred and the control
+    // goes on.
     Q_INVOKABLE void About();
     // Fits the geographic box (corners in any order) into the control,
     // redraws and requests the cells the view still lacks.
@@ -147,6 +155,9 @@ public:
     // The same after one layer's data or style changed: that layer is drawn
     // anew, the others as they were drawn last.
     void RedrawLayer(std::int32_t IDLayer);
+    // Puts the picture drawn last on the screen at once, without drawing the
+    // map again.
+    Q_INVOKABLE void Refresh();
     Q_INVOKABLE void ZoomIn();
     Q_INVOKABLE void ZoomOut();
     Q_INVOKABLE void ZoomExtents();
@@ -183,6 +194,8 @@ public:
 
 signals:
     void propertyChanged(const QString& key);
+    // An entry into the control stopped on an error: "ENTRY: REASON".
+    void errorOccurred(const QString& message);
 
     void click();
     void DblClick();
@@ -208,6 +221,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -219,6 +233,7 @@ protected:
 private:
     friend class ViewerPrivate;
     QFont ambientFont() const;
+    void keyPressed(const QKeyEvent& event);
 
     std::unique_ptr<ViewerPrivate> d_;
 };

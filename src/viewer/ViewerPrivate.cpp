@@ -2,6 +2,7 @@
 
 #include "viewer/ActivityShape.h"
 #include "viewer/CToolTip.h"
+#include "viewer/Guarded.h"
 #include "protocol/messages/ElementBoundingBoxRequest.h"
 #include "viewer/InputCodes.h"
 #include "render/OleColor.h"
@@ -105,9 +106,17 @@ void ViewerPrivate::chooseToolTipLayer(int layerId, const QString& field)
     if (!toolTip_) {
         toolTip_ = std::make_unique<CToolTip>(viewer_, viewport_, document_.Layers(), *toolTipTimer_, *toolTipBox_,
                                               *toolTipLabel_);
-        QObject::connect(toolTipTimer_, &QTimer::timeout, &viewer_, [this] { toolTip_->timer(); });
+        QObject::connect(toolTipTimer_, &QTimer::timeout, &viewer_,
+                         [this] { guarded(viewer_, "tooltip timer", [this] { toolTip_->timer(); }); });
     }
     toolTip_->SetLayer(layerId, field);
+}
+
+void ViewerPrivate::pointerLeft()
+{
+    if (toolTip_) {
+        toolTip_->pointerLeft();
+    }
 }
 
 void ViewerPrivate::changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName)
@@ -118,7 +127,7 @@ void ViewerPrivate::changeStatus(std::int32_t layerId, std::uint8_t step, const 
     // label is brought up to date once, when the event loop comes round.
     if (!statusRefreshPending_) {
         statusRefreshPending_ = true;
-        QTimer::singleShot(0, &viewer_, [this] { refreshStatusLabel(); });
+        QTimer::singleShot(0, &viewer_, [this] { guarded(viewer_, "status text", [this] { refreshStatusLabel(); }); });
     }
 }
 

@@ -70,6 +70,8 @@ public:
     void resetTool();
     void showElements(std::int32_t layerId, const QList<int>& elements);
     void chooseToolTipLayer(int layerId, const QString& field);
+    // The tooltip goes with the pointer.
+    void pointerLeft();
     void requestCellsOfView() { session_.cells().requestCellsOfView(); }
 
     void firstShow();

@@ -86,12 +86,16 @@ TEST_F(HeadlessViewer, ConnectsAsksForTheMapAndFollowsCommands)
 
     command("About");
     EXPECT_EQ(nextLine(), "dialog dlgAbout \"About Orbelan Viewer\"");
-    command("key 65");
-    EXPECT_EQ(nextLine(), "event KeyDown 65 0");
-    EXPECT_EQ(nextLine(), "event KeyPress 97");
-    EXPECT_EQ(nextLine(), "event KeyUp 65 0");
+    command("key 187");
+    EXPECT_EQ(nextLine(), "event KeyDown 187 0");
+    EXPECT_EQ(nextLine(), "event KeyPress 61");
+    EXPECT_EQ(nextLine(), "event KeyUp 187 0");
     command("set MapCode nine");
     EXPECT_EQ(nextLine(), "error \"set MapCode: \\\"nine\\\" is not a valid value\"");
+    command("set port 70000");
+    EXPECT_EQ(nextLine(), "error \"port: 70000 is not a TCP port (0 to 65535)\"");
+    command("get Nombre");
+    EXPECT_EQ(nextLine(), "property Nombre \"\"");
     command("fly away");
     EXPECT_EQ(nextLine(), "error \"unknown command: fly\"");
     quit();

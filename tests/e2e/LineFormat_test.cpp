@@ -1,5 +1,7 @@
 #include "orbelan-viewer/LineFormat.h"
 
+#include <QFont>
+
 #include <gtest/gtest.h>
 
 using namespace orbelan::lineformat;
@@ -32,6 +34,7 @@ TEST(LineFormat, ValuesPrintInTheirShortestExactForm)
     EXPECT_EQ(formatValue(42), "42");
     EXPECT_EQ(formatValue(true), "true");
     EXPECT_EQ(formatValue(QString("a \"b\"")), "\"a \\\"b\\\"\"");
+    EXPECT_TRUE(formatValue(QFont("Arial", 10)).startsWith("\"Arial,10,"));
     EXPECT_EQ(formatValue(QVariant::fromValue(QList<int>{1, -2, 3})), "[1,-2,3]");
     EXPECT_EQ(formatValue(QStringList{"x", "y z"}), "[\"x\",\"y z\"]");
     EXPECT_EQ(formatValue(QVariant::fromValue(QList<int>{})), "[]");

@@ -89,6 +89,10 @@ TEST(EntidadPointInPolygon, TheCrossingIsRoundedToSinglePrecision)
     // float(0.1) is above 0.1 and float(0.7) below 0.7.
     EXPECT_TRUE(insideWithCrossingAt(0.1, -1E-12));
     EXPECT_FALSE(insideWithCrossingAt(0.7, 1E-12));
+    // A crossing beyond the Single range still counts where it lies.
+    const Owned spike(orbelan::polygonlayer, {{0, 0}, {1E39, 1}, {0, 2}});
+    EXPECT_TRUE(spike.entity->PointInPolygon(1, 0.5));
+    EXPECT_FALSE(spike.entity->PointInPolygon(-1, 0.5));
 }
 
 // NearestVertex takes the later of equally near vertices, GetNearestSegment

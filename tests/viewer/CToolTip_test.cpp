@@ -147,6 +147,12 @@ TEST_F(ToolTipTest, TheViewerSamplesTheMouseWithItsTimer)
     EXPECT_TRUE(sampling->isActive());
     EXPECT_TRUE(QTest::qWaitFor([this] { return viewer.toolTipBox()->isVisible(); }));
     EXPECT_EQ(viewer.toolTipLabel()->text(), "Etiqueta: Calle Mayor");
+    // Leaving the map takes the box away, and sampling stops with it.
+    QCoreApplication::sendEvent(&viewer, &move);
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&viewer, &leave);
+    EXPECT_FALSE(viewer.toolTipBox()->isVisible());
+    EXPECT_FALSE(sampling->isActive());
     viewer.SetToolTip(0, "");
     EXPECT_FALSE(viewer.toolTipBox()->isVisible());
 }

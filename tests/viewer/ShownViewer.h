@@ -26,7 +26,13 @@ protected:
     // A visible layer whose default class draws and fills in the colour.
     orbelan::layer& addLayer(std::int32_t id, orbelan::TipoLayer kind, std::int32_t color)
     {
-        orbelan::layer& added = viewer.Layers().AddLayer("layer", id, kind, viewer.viewport());
+        return addLayer(viewer.Layers(), viewer.viewport(), id, kind, color);
+    }
+
+    static orbelan::layer& addLayer(orbelan::Layers& to, const orbelan::ParentMap& view, std::int32_t id,
+                                    orbelan::TipoLayer kind, std::int32_t color)
+    {
+        orbelan::layer& added = to.AddLayer("layer", id, kind, view);
         added.AccessLevel = orbelan::ALViewer;
         added.setUserVisibility(2);
         added.ThematicMap().Add(0, 1, color, color, 0, "MICanyMIC", "");

@@ -3,6 +3,7 @@
 #include "ShownViewer.h"
 
 #include <QSignalSpy>
+#include <QTest>
 
 #include <limits>
 #include <vector>
@@ -20,6 +21,16 @@ protected:
     QRgb at(int x, int y) { return viewer.grab().toImage().pixel(x, y); }
 };
 
+class PaintCount : public QObject {
+public:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+    int count = 0;
+};
+
 TEST_F(ViewerDrawing, LayersAreDrawnInOrderOverTheBackground)
 {
     addRectangle(addLayer(1, polygonlayer, 0x0000FF), 1, -4, -2, 0, 2); // red, from pixel (120, 60)
@@ -30,6 +41,36 @@ TEST_F(ViewerDrawing, LayersAreDrawnInOrderOverTheBackground)
     EXPECT_EQ(at(130, 70), kRed);
     EXPECT_EQ(at(180, 120), kBlue);
     EXPECT_EQ(at(300, 50), kWhite);
+}
+
+TEST_F(ViewerDrawing, RefreshShowsThePictureAgainWithoutDrawingTheMap)
+{
+    layer& parks = addLayer(1, polygonlayer, 0x0000FF);
+    viewer.Redraw();
+    addRectangle(parks, 1, -4, -2, 0, 2);
+    QSignalSpy redrawn(&viewer, &Viewer::MapRedrawn);
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&viewer));
+    PaintCount painted;
+    viewer.installEventFilter(&painted);
+    viewer.Refresh();
+    EXPECT_EQ(painted.count, 1);
+    EXPECT_TRUE(redrawn.isEmpty());
+    EXPECT_EQ(at(130, 70), kWhite);
+}
+
+TEST_F(ViewerDrawing, TheHostMaySetTheLayerCollection)
+{
+    addRectangle(addLayer(1, polygonlayer, 0xFF0000), 1, 2, -2, 4, 2);
+    Layers chosen;
+    const Viewport elsewhere;
+    layer& parks = addLayer(chosen, elsewhere, 2, polygonlayer, 0x0000FF);
+    addRectangle(parks, 1, -4, -2, 0, 2);
+    viewer.setLayers(std::move(chosen));
+    viewer.Redraw();
+    EXPECT_EQ(viewer.Layers().count(), 1);
+    EXPECT_EQ(&parks.parentMap(), &viewer.viewport());
+    EXPECT_EQ(at(130, 70), kRed);
+    EXPECT_EQ(at(260, 100), kWhite);
 }
 
 TEST_F(ViewerDrawing, AHiddenLayerShowsNothingAndHasNothingDrawn)

@@ -1,5 +1,6 @@
 #include "protocol/messages/ElementBoundingBoxRequest.h"
 #include "model/Layers.h"
+#include "viewer/InputCodes.h"
 #include "viewer/PropertyBag.h"
 #include "ui/ScriptedUiServices.h"
 #include "viewer/SettingsPropertyBag.h"
@@ -187,11 +188,14 @@ TEST_F(ViewerTest, EveryWriteIsAnnouncedButLoadingIsNot)
     EXPECT_TRUE(changed.isEmpty());
 }
 
-TEST_F(ViewerTest, APortOutsideTheTcpRangeIsRefused)
+TEST_F(ViewerTest, APortOutsideTheTcpRangeIsRefusedAndReported)
 {
     viewer.setPort(1001);
-    EXPECT_THROW(viewer.setPort(65536), std::invalid_argument);
-    EXPECT_THROW(viewer.setPort(-1), std::invalid_argument);
+    QSignalSpy errors(&viewer, &Viewer::errorOccurred);
+    EXPECT_TRUE(viewer.setProperty("port", 65536));
+    viewer.setPort(-1);
+    ASSERT_EQ(errors.size(), 2);
+    EXPECT_EQ(errors.at(0).at(0).toString(), "port: 65536 is not a TCP port (0 to 65535)");
     EXPECT_EQ(viewer.port(), 1001);
 }
 
@@ -249,19 +253,42 @@ TEST_F(ViewerTest, AFailedConnectionIsReportedAndTheControlCarriesOn)
     EXPECT_TRUE(viewer.isVisible());
 }
 
+// Keys as a US keyboard gives them to Qt; a shifted symbol has the number of
+// its key, the keypad's keys numbers of their own.
 TEST_F(ViewerTest, KeysAreReportedWithTheirVirtualKeyCodes)
 {
     QSignalSpy down(&viewer, &Viewer::KeyDown);
     QSignalSpy press(&viewer, &Viewer::KeyPress);
     QSignalSpy up(&viewer, &Viewer::KeyUp);
-    pressAndRelease(viewer, Qt::Key_Left, Qt::ShiftModifier);
-    pressAndRelease(viewer, Qt::Key_A, Qt::NoModifier, "a");
-    ASSERT_EQ(down.size(), 2);
+    const Qt::KeyboardModifiers shift = Qt::ShiftModifier;
+    const Qt::KeyboardModifiers keypad = Qt::KeypadModifier;
+    const std::tuple<Qt::Key, Qt::KeyboardModifiers, int> keys[] = {
+        {Qt::Key_A, {}, 65},           {Qt::Key_Equal, {}, 187},      {Qt::Key_Plus, shift, 187},
+        {Qt::Key_Plus, keypad, 107},   {Qt::Key_Minus, {}, 189},      {Qt::Key_Minus, keypad, 109},
+        {Qt::Key_Comma, {}, 188},      {Qt::Key_Less, shift, 188},    {Qt::Key_Less, {}, 226},
+        {Qt::Key_Period, {}, 190},     {Qt::Key_Period, keypad, 110}, {Qt::Key_Asterisk, shift, 56},
+        {Qt::Key_7, keypad, 103},      {Qt::Key_Home, keypad, 36},    {Qt::Key_QuoteDbl, shift, 222},
+        {Qt::Key_BracketLeft, {}, 219}, {Qt::Key_F24, {}, 135},       {Qt::Key_Backtab, shift, 9},
+        {Qt::Key_Print, {}, 44},       {Qt::Key_Super_L, {}, 91},     {Qt::Key_Menu, {}, 93},
+        {Qt::Key_NumLock, {}, 144},    {Qt::Key_VolumeUp, {}, 0},     {Qt::Key_Left, shift, 37},
+    };
+    for (const auto& [key, modifiers, code] : keys) {
+        down.clear();
+        pressAndRelease(viewer, key, modifiers);
+        ASSERT_EQ(down.size(), 1);
+        EXPECT_EQ(down.at(0).at(0).toInt(), code) << "Qt key 0x" << std::hex << static_cast<int>(key);
+    }
     EXPECT_EQ(down.at(0), (QVariantList{37, 1}));
-    EXPECT_EQ(down.at(1), (QVariantList{65, 0}));
+    EXPECT_EQ(up.size(), std::ssize(keys));
+    pressAndRelease(viewer, Qt::Key_A, Qt::NoModifier, "a");
     ASSERT_EQ(press.size(), 1);
     EXPECT_EQ(press.at(0).at(0).toInt(), 'a');
-    EXPECT_EQ(up.size(), 2);
+    // Scripts press a key by its number.
+    for (int code = 1; code < 256; ++code) {
+        if (const inputcodes::QtKey key = inputcodes::keyOf(code); key.key != Qt::Key_unknown) {
+            EXPECT_EQ(inputcodes::keyCodeOf(key.key, key.modifiers), code);
+        }
+    }
 }
 
 TEST_F(ViewerTest, ZoomToSelectedAsksForTheBoxOfAnElementNotLoaded)
