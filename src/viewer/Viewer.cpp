@@ -198,9 +198,15 @@ void Viewer::setLayerscargados(bool loaded) { d_->document().layerscargados = lo
 std::uint32_t Viewer::BackgroundColor() const { return d_->document().BackgroundColor; }
 void Viewer::setBackgroundColor(std::uint32_t color) { d_->document().BackgroundColor = color; }
 float Viewer::origenX() const { return static_cast<float>(d_->viewport().centre().x); }
-void Viewer::setOrigenX(float x) { d_->centreView({x, d_->viewport().centre().y}); }
+void Viewer::setOrigenX(float x)
+{
+    guarded(*this, "origenX", [&] { d_->centreView({x, d_->viewport().centre().y}); });
+}
 float Viewer::origenY() const { return static_cast<float>(d_->viewport().centre().y); }
-void Viewer::setOrigenY(float y) { d_->centreView({d_->viewport().centre().x, y}); }
+void Viewer::setOrigenY(float y)
+{
+    guarded(*this, "origenY", [&] { d_->centreView({d_->viewport().centre().x, y}); });
+}
 Layers& Viewer::Layers() { return d_->document().Layers(); }
 void Viewer::setLayers(orbelan::Layers layers) { d_->document().setLayers(std::move(layers)); }
 const Viewport& Viewer::viewport() const { return d_->viewport(); }
