@@ -3,6 +3,8 @@
 #include "protocol/messages/CellFieldValuesRequest.h"
 #include "protocol/messages/CellGeometry.h"
 #include "protocol/messages/CellGeometryRequest.h"
+#include "protocol/messages/ElementBoundingBox.h"
+#include "protocol/messages/ElementBoundingBoxRequest.h"
 #include "protocol/messages/FieldDefinition.h"
 #include "MessageRoundTrip.h"
 #include "protocol/messages/ThematicClasses.h"
@@ -53,6 +55,10 @@ TEST(CellMessages, RequestsAndRepliesSurviveEveryTruncation)
     expectRoundTripAndTruncation(CellFieldValues{4, "USO", {{11, 1}, {12, 2}}, {"Comercial", ""}});
     expectRoundTripAndTruncation(FieldDefinition{4, 2, "STREET", 202});
     expectRoundTripAndTruncation(ThematicClasses{4, {{"1", "10", 255, 0, 1, 0, 1}}});
+    expectRoundTripAndTruncation(ElementBoundingBoxRequest{4, 99});
+    expectRoundTripAndTruncation(ElementBoundingBox{4, 99, -70.65, -33.46, -70.64, -33.45});
+    EXPECT_TRUE(ElementBoundingBox::none(4, 99).empty());
+    EXPECT_FALSE((ElementBoundingBox{4, 99, 1.0, 2.0, 1.0, 2.0}.empty()));
 }
 
 TEST(CellMessages, RelativeCoordinatesHaveTheWireLayout)
