@@ -292,7 +292,7 @@ void Viewer::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
     if (!event->spontaneous()) {
-        d_->session().close();
+        d_->hidden();
     }
 }
 
