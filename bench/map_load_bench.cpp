@@ -12,6 +12,7 @@
 #include "protocol/RequestSender.h"
 #include "ui/ScriptedUiServices.h"
 #include "session/SessionEvents.h"
+#include "session/SessionState.h"
 #include "viewer/Viewer.h"
 #include "view/Viewport.h"
 
@@ -108,12 +109,15 @@ class NoRequests : public RequestSender {
 public:
     void sendRequest(CommandCode, const std::function<void(DWBUffer&)>&) override {}
     void replyHandled() override {}
+    std::int32_t pendingRequests() const override { return 1; }
+    void stopSending() override {}
 };
 
 class NoEvents : public SessionEvents {
 public:
     void redrawMap() override {}
     void zoomToExtents() override {}
+    void showBox(const BoundingBox&) override {}
     void changeStatus(std::int32_t, std::uint8_t, const QString&) override {}
     void definitionLoaded() override {}
     QWidget* dialogParent() override { return nullptr; }
@@ -132,7 +136,8 @@ void BM_ParseCellGeometry(benchmark::State& state)
         auto document = std::make_unique<MapDocument>(view);
         document->addLayer("Calles", 7, polylinelayer);
         CellRequester cells(requests, *document, view, events);
-        LoadContext context{*document, requests, cells, ui, events};
+        SessionState remembered;
+        LoadContext context{*document, requests, cells, ui, events, remembered};
         DWBUffer reply(message.bytes());
         reply.GetFromBuffer(10);
         state.ResumeTiming();

@@ -90,6 +90,20 @@ class KeyedCollection {
         std::size_t slot_ = 0;
     };
 
+    // The elements from an iterator to the end, for range-for and the range
+    // algorithms. Not std::ranges::subrange: clang 14 cannot instantiate it
+    // with this library's view_interface, and the fuzzers build with clang.
+    template <typename It>
+    class Elements {
+    public:
+        explicit Elements(It first) : first_(first) {}
+        It begin() const { return first_; }
+        std::default_sentinel_t end() const { return std::default_sentinel; }
+
+    private:
+        It first_;
+    };
+
     struct TextHash {
         using is_transparent = void;
         std::size_t operator()(std::string_view text) const noexcept { return std::hash<std::string_view>{}(text); }
@@ -141,8 +155,8 @@ public:
     const_iterator begin() const { return const_iterator(this, 0); }
     std::default_sentinel_t end() const { return std::default_sentinel; }
     // The elements in order.
-    std::ranges::subrange<iterator, std::default_sentinel_t> NewEnum() { return {begin(), end()}; }
-    std::ranges::subrange<const_iterator, std::default_sentinel_t> NewEnum() const { return {begin(), end()}; }
+    Elements<iterator> NewEnum() { return Elements<iterator>(begin()); }
+    Elements<const_iterator> NewEnum() const { return Elements<const_iterator>(begin()); }
 
 protected:
     // Adds at the end. DuplicateKeyError when the key is taken.

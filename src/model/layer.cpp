@@ -201,32 +201,62 @@ GridCell layer::GetPointCell(double X, double Y) const
     return GetRowColumn(X, Y, GridDeltaX, GridDeltaY);
 }
 
+namespace {
+
+// The clamped rows and columns of an area: rows by minCol and maxCol,
+// columns by minRow and maxRow, and only the last index of each is lowered.
+struct CellSpan {
+    std::int64_t rowFirst;
+    std::int64_t rowLast;
+    std::int64_t colFirst;
+    std::int64_t colLast;
+
+    bool empty() const { return rowFirst > rowLast || colFirst > colLast; }
+};
+
+CellSpan spanOf(const layer& grid, double x1, double y1, double x2, double y2)
+{
+    const GridCell first = grid.GetPointCell(x1, y1);
+    const GridCell last = grid.GetPointCell(x2, y2);
+    return {std::max<std::int64_t>(first.row, grid.minCol),
+            std::min<std::int64_t>(std::max(last.row, grid.minCol), grid.maxCol),
+            std::max<std::int64_t>(first.column, grid.minRow),
+            std::min<std::int64_t>(std::max(last.column, grid.minRow), grid.maxRow)};
+}
+
+} // namespace
+
 std::vector<GridCell> layer::GetCellsInArea(double x1, double y1, double x2, double y2) const
 {
-    const GridCell first = GetPointCell(x1, y1);
-    const GridCell last = GetPointCell(x2, y2);
-    // Rows are clamped by minCol and maxCol, columns by minRow and maxRow,
-    // and only the last index of each is lowered.
-    const std::int64_t rowFirst = std::max(first.row, minCol);
-    const std::int64_t rowLast = std::min(std::max(last.row, minCol), maxCol);
-    const std::int64_t colFirst = std::max(first.column, minRow);
-    const std::int64_t colLast = std::min(std::max(last.column, minRow), maxRow);
-    if (rowFirst > rowLast || colFirst > colLast) {
+    const CellSpan span = spanOf(*this, x1, y1, x2, y2);
+    if (span.empty()) {
         return {};
     }
-    const std::int64_t rows = rowLast - rowFirst + 1;
-    const std::int64_t columns = colLast - colFirst + 1;
+    const std::int64_t rows = span.rowLast - span.rowFirst + 1;
+    const std::int64_t columns = span.colLast - span.colFirst + 1;
     if (rows > std::numeric_limits<std::int32_t>::max() / columns) {
         throw std::length_error("the area covers more cells than a Long counts");
     }
     std::vector<GridCell> cells;
     cells.reserve(static_cast<std::size_t>(rows * columns));
-    for (std::int64_t row = rowFirst; row <= rowLast; ++row) {
-        for (std::int64_t column = colFirst; column <= colLast; ++column) {
-            cells.push_back({static_cast<std::int32_t>(row), static_cast<std::int32_t>(column)});
+    VisitCellsInArea(x1, y1, x2, y2, [&cells](GridCell cell) {
+        cells.push_back(cell);
+        return true;
+    });
+    return cells;
+}
+
+void layer::VisitCellsInArea(double x1, double y1, double x2, double y2,
+                             const std::function<bool(GridCell cell)>& visit) const
+{
+    const CellSpan span = spanOf(*this, x1, y1, x2, y2);
+    for (std::int64_t row = span.rowFirst; row <= span.rowLast; ++row) {
+        for (std::int64_t column = span.colFirst; column <= span.colLast; ++column) {
+            if (!visit({static_cast<std::int32_t>(row), static_cast<std::int32_t>(column)})) {
+                return;
+            }
         }
     }
-    return cells;
 }
 
 std::vector<GridCell> layer::GetEntityCells(std::int32_t ID) const

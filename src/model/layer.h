@@ -14,6 +14,7 @@
 #include "model/VertexMatch.h"
 
 #include <cstdint>
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -135,6 +136,10 @@ public:
     // Every cell of the rectangle that lies within the grid bounds, row by
     // row. std::length_error when they would be more than a Long counts.
     std::vector<GridCell> GetCellsInArea(double x1, double y1, double x2, double y2) const;
+    // Hands the same cells, in the same order, to visit one at a time until
+    // it returns false; nothing is built, however many cells the area holds.
+    void VisitCellsInArea(double x1, double y1, double x2, double y2,
+                          const std::function<bool(GridCell cell)>& visit) const;
     // The cells of an entity's vertices, each once, in vertex order.
     // std::invalid_argument when there is no entity with that ID.
     std::vector<GridCell> GetEntityCells(std::int32_t ID) const;
@@ -142,11 +147,13 @@ public:
     // The cells asked for: geometry, label texts or thematic values, and
     // direction values. Appending does not check for duplicates.
     void CeldaSolicitada(std::int32_t i, std::int32_t j) { requestedCells_.Append({i, j}); }
+    bool RemoveCell(std::int32_t i, std::int32_t j) { return requestedCells_.RemoveFirst({i, j}); }
     bool IsCeldaSolicitada(std::int32_t i, std::int32_t j) const { return requestedCells_.Contains({i, j}); }
     void LabelCellSolicitada(std::int32_t i, std::int32_t j) { requestedLabelCells_.Append({i, j}); }
     bool IsLabelCellSolicitada(std::int32_t i, std::int32_t j) const { return requestedLabelCells_.Contains({i, j}); }
     bool RemoveLabelCell(std::int32_t i, std::int32_t j) { return requestedLabelCells_.RemoveFirst({i, j}); }
     void DirectionCellSolicitada(std::int32_t i, std::int32_t j) { requestedDirectionCells_.Append({i, j}); }
+    bool RemoveDirectionCell(std::int32_t i, std::int32_t j) { return requestedDirectionCells_.RemoveFirst({i, j}); }
     bool IsDirectionCellSolicitada(std::int32_t i, std::int32_t j) const
     {
         return requestedDirectionCells_.Contains({i, j});

@@ -3,6 +3,7 @@
 #include "protocol/CommandCatalogue.h"
 #include "protocol/DWBUffer.h"
 
+#include <cstdint>
 #include <functional>
 
 namespace orbelan {
@@ -17,6 +18,10 @@ public:
     virtual void sendRequest(CommandCode code, const std::function<void(DWBUffer&)>& writePayload = {}) = 0;
     // One counted reply has been handled.
     virtual void replyHandled() = 0;
+    // The requests sent whose replies have not been handled yet.
+    virtual std::int32_t pendingRequests() const = 0;
+    // Nothing more is sent (the server refused this user the map).
+    virtual void stopSending() = 0;
 };
 
 // A whole request: header, command code, the payload writePayload puts after

@@ -1,11 +1,12 @@
 #include "protocol/ServerConnection.h"
 
 #include "protocol/ConnectToServer.h"
-#include "protocol/WireReadError.h"
 
 #include <QScopedValueRollback>
+#include <QTimer>
 
 #include <chrono>
+#include <exception>
 #include <limits>
 #include <optional>
 #include <utility>
@@ -38,15 +39,60 @@ bool ServerConnection::connectToServer()
 
 void ServerConnection::sendRequest(CommandCode code, const std::function<void(DWBUffer&)>& writePayload)
 {
+    if (sendingStopped_ || unreachable_) {
+        return;
+    }
+    const int state = socket_.State();
+    if (state != kSocketConnected && state != kSocketOpen && !reconnecting_ && !reconnect()) {
+        return;
+    }
     if (isCounted(code) && pendingRequests_ < Count::max()) {
         ++pendingRequests_;
     }
     const DWBUffer message = composeRequest(code, writePayload);
-    const int state = socket_.State();
-    if (state != kSocketConnected && state != kSocketOpen) {
-        connectToServer();
+    holdOrSend({message.bytes().begin(), message.bytes().end()});
+}
+
+// The replies of the old connection are forgotten before the new one opens.
+// A failed attempt is said once; the next user action may try again.
+bool ServerConnection::reconnect()
+{
+    forgetAwaitedReplies();
+    bool connected = false;
+    {
+        const QScopedValueRollback<bool> attempt(reconnecting_, true);
+        connected = connectToServer();
     }
-    socket_.SendData(message.bytes());
+    if (connected) {
+        emit reconnected();
+        for (std::vector<std::uint8_t>& bytes : std::exchange(held_, {})) {
+            socket_.SendData(bytes);
+        }
+        return true;
+    }
+    held_.clear();
+    unreachable_ = true;
+    emit connectionFailed();
+    QTimer::singleShot(0, this, [this] {
+        unreachable_ = false;
+        forgetAwaitedReplies();
+    });
+    return false;
+}
+
+void ServerConnection::holdOrSend(std::vector<std::uint8_t> bytes)
+{
+    if (reconnecting_) {
+        held_.push_back(std::move(bytes));
+    } else {
+        socket_.SendData(bytes);
+    }
+}
+
+void ServerConnection::forgetAwaitedReplies()
+{
+    pendingRequests_ = 0;
+    emit repliesLost();
 }
 
 void ServerConnection::setMessageHandler(MessageHandler handler)
@@ -110,6 +156,8 @@ void ServerConnection::onStateChanged(int state)
 {
     if (state == kSocketConnected) {
         framer_ = MessageFramer();
+    } else if ((state == kSocketClosed || state == kSocketError) && !reconnecting_) {
+        forgetAwaitedReplies();
     }
 }
 
@@ -143,7 +191,9 @@ void ServerConnection::dispatch(DWBUffer& message)
     const std::shared_ptr<const MessageHandler> handler = handler_;
     try {
         (*handler)(message);
-    } catch (const WireReadError& error) {
+    } catch (const std::exception& error) {
+        // Whatever a handler could not get past ends its message, never the
+        // event loop.
         emit messageAbandoned(QString::fromStdString(error.what()));
     }
 }

@@ -1,7 +1,9 @@
 #include "session/CellFieldValuesLoader.h"
 
 #include "protocol/messages/CellFieldValues.h"
+#include "session/CellRequester.h"
 #include "session/LoadContext.h"
+#include "protocol/RequestSender.h"
 #include "model/MapDocument.h"
 #include "session/SessionEvents.h"
 #include "session/StatusList.h"
@@ -16,6 +18,7 @@
 #include <cstdint>
 #include <limits>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orbelan {
@@ -29,8 +32,8 @@ using ValueReference = messages::CellFieldValues::Reference;
     throw WireReadError(message.readPosition(), 0, message.commandCode(), why);
 }
 
-// An element id of 0 in the values of a layer of the map is reported as it is
-// read, and reading goes on.
+// An element id of 0 in the values of a layer of the map is reported once per
+// reply, when the first is read, and reading goes on.
 void reportElementZero(LoadContext& context, std::int32_t layerId, const std::string& field)
 {
     context.ui.messageBox(context.events.dialogParent(),
@@ -52,22 +55,42 @@ const std::string& valueOf(const ValueReference& reference, const std::vector<st
     return values[static_cast<std::size_t>(reference.value) - 1];
 }
 
-// A direction as the Integer it is written as: empty is 0, halves round to even.
+// The text of a direction as a whole-number conversion reads it: blanks
+// around it and one leading plus sign are allowed.
+std::string_view numberPart(std::string_view text)
+{
+    const std::size_t first = text.find_first_not_of(' ');
+    if (first == std::string_view::npos) {
+        return {};
+    }
+    text = text.substr(first, text.find_last_not_of(' ') - first + 1);
+    if (text.size() > 1 && text.front() == '+' && text[1] != '-') {
+        text.remove_prefix(1);
+    }
+    return text;
+}
+
+// A direction as the Integer it is written as: empty is 0, halves round to
+// even, and anything that is not a number within the Integer range abandons
+// the rest of the message.
 std::int16_t directionOf(const std::string& text, const DWBUffer& message)
 {
     if (text.empty()) {
         return 0;
     }
+    const std::string_view number = numberPart(text);
     double value = 0;
-    const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), value);
+    const auto [end, failure] = std::from_chars(number.data(), number.data() + number.size(), value);
     const double rounded = std::nearbyint(value);
-    if (failure != std::errc() || end != text.data() + text.size() ||
+    if (number.empty() || failure != std::errc() || end != number.data() + number.size() ||
         !(rounded >= std::numeric_limits<std::int16_t>::min() && rounded <= std::numeric_limits<std::int16_t>::max())) {
         abandon(message, "direction \"" + text + "\" is not an Integer");
     }
     return static_cast<std::int16_t>(rounded);
 }
 
+// Each apply function passes over the pairs of elements the layer does not
+// hold before their value number is looked at.
 void applyLabels(layer& mapLayer, const std::vector<ValueReference>& references,
                  const std::vector<std::string>& texts, const DWBUffer& message)
 {
@@ -76,8 +99,8 @@ void applyLabels(layer& mapLayer, const std::vector<ValueReference>& references,
         labelNumbers.push_back(mapLayer.GetLabelIndex(text));
     }
     for (const ValueReference& reference : references) {
-        valueOf(reference, texts, message);
         if (Entidad* element = mapLayer.Entidades.Find(reference.element)) {
+            valueOf(reference, texts, message);
             element->IDLabel = labelNumbers[static_cast<std::size_t>(reference.value) - 1];
         }
     }
@@ -87,9 +110,8 @@ void applyThemes(layer& mapLayer, const std::vector<ValueReference>& references,
                  const std::vector<std::string>& values, const DWBUffer& message)
 {
     for (const ValueReference& reference : references) {
-        const std::string& value = valueOf(reference, values, message);
         if (Entidad* element = mapLayer.Entidades.Find(reference.element)) {
-            element->ThemeValue = value;
+            element->ThemeValue = valueOf(reference, values, message);
             mapLayer.CalculateThemeObject(element);
         }
     }
@@ -99,10 +121,33 @@ void applyDirections(layer& mapLayer, const std::vector<ValueReference>& referen
                      const std::vector<std::string>& values, const DWBUffer& message)
 {
     for (const ValueReference& reference : references) {
-        const std::int16_t direction = directionOf(valueOf(reference, values, message), message);
         if (Entidad* element = mapLayer.Entidades.Find(reference.element)) {
-            element->Direction = direction;
+            element->Direction = directionOf(valueOf(reference, values, message), message);
         }
+    }
+}
+
+// The values go where the field says: labels, themes or directions; the
+// loading of labels and themes shows as a step while they are applied.
+void applyValues(layer& mapLayer, const messages::CellFieldValues& reply,
+                 const std::vector<ValueReference>& references, const std::vector<std::string>& values,
+                 const DWBUffer& message, LoadContext& context)
+{
+    const bool labels = sameText(reply.field, mapLayer.lblField);
+    const bool themes = !labels && sameText(reply.field, mapLayer.ThematicField);
+    const std::uint8_t step = labels ? StatusList::LoadingLabels : StatusList::LoadingTheme;
+    if (labels || themes) {
+        context.events.changeStatus(reply.layer, step, QString::fromStdString(mapLayer.Nombre));
+    }
+    if (labels) {
+        applyLabels(mapLayer, references, values, message);
+    } else if (themes) {
+        applyThemes(mapLayer, references, values, message);
+    } else if (sameText(reply.field, mapLayer.DirectionField)) {
+        applyDirections(mapLayer, references, values, message);
+    }
+    if (labels || themes) {
+        context.events.changeStatus(reply.layer, static_cast<std::uint8_t>(StatusList::Remove + step));
     }
 }
 
@@ -113,35 +158,24 @@ void loadCellFieldValues(DWBUffer& message, LoadContext& context)
     messages::CellFieldValues reply;
     std::vector<ValueReference> references;
     std::vector<std::string> values;
+    bool elementZeroReported = false;
     messages::CellFieldValues::decodeEach(
         message, reply,
         [&](const ValueReference& reference) {
-            if (reference.element == 0 && context.document.Layers().Find(reply.layer)) {
+            if (reference.element == 0 && !elementZeroReported && context.document.Layers().Find(reply.layer)) {
                 reportElementZero(context, reply.layer, reply.field);
+                elementZeroReported = true;
             }
             references.push_back(reference);
         },
         [&values](std::string&& value) { values.push_back(std::move(value)); });
 
-    layer* mapLayer = context.document.Layers().Find(reply.layer);
-    if (mapLayer == nullptr) {
-        return;
+    if (layer* mapLayer = context.document.Layers().Find(reply.layer)) {
+        context.cells.valuesArrived(*mapLayer, reply.field);
+        applyValues(*mapLayer, reply, references, values, message, context);
     }
-    const bool labels = sameText(reply.field, mapLayer->lblField);
-    const bool themes = !labels && sameText(reply.field, mapLayer->ThematicField);
-    const std::uint8_t step = labels ? StatusList::LoadingLabels : StatusList::LoadingTheme;
-    if (labels || themes) {
-        context.events.changeStatus(reply.layer, step, QString::fromStdString(mapLayer->Nombre));
-    }
-    if (labels) {
-        applyLabels(*mapLayer, references, values, message);
-    } else if (themes) {
-        applyThemes(*mapLayer, references, values, message);
-    } else if (sameText(reply.field, mapLayer->DirectionField)) {
-        applyDirections(*mapLayer, references, values, message);
-    }
-    if (labels || themes) {
-        context.events.changeStatus(reply.layer, static_cast<std::uint8_t>(StatusList::Remove + step));
+    if (context.requests.pendingRequests() == 0) {
+        context.events.redrawMap();
     }
 }
 

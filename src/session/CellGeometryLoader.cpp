@@ -3,6 +3,7 @@
 #include "protocol/messages/CellGeometry.h"
 #include "session/CellRequester.h"
 #include "session/LoadContext.h"
+#include "protocol/RequestSender.h"
 #include "model/MapDocument.h"
 #include "session/SessionEvents.h"
 #include "session/StatusList.h"
@@ -16,7 +17,8 @@
 namespace orbelan {
 
 // Elements are added one by one, so that a cell cut short keeps those read
-// before the cut. A cell of a layer the map does not have is dropped.
+// before the cut. A cell of a layer the map does not have is dropped. The
+// map is redrawn when this was the last reply awaited.
 void loadCellGeometry(DWBUffer& message, LoadContext& context)
 {
     messages::CellGeometry cell;
@@ -40,10 +42,16 @@ void loadCellGeometry(DWBUffer& message, LoadContext& context)
         mapLayer->Entidades.AddEntity(element.id, vertices, *mapLayer);
     });
     layer* mapLayer = layerOfCell();
+    if (mapLayer != nullptr) {
+        context.events.changeStatus(cell.layer, StatusList::LoadingLayer, QString::fromStdString(mapLayer->Nombre));
+        context.cells.cellArrived(*mapLayer, {cell.row, cell.column});
+    }
+    if (context.requests.pendingRequests() == 0) {
+        context.events.redrawMap();
+    }
     if (mapLayer == nullptr) {
         return;
     }
-    context.events.changeStatus(cell.layer, StatusList::LoadingLayer, QString::fromStdString(mapLayer->Nombre));
     context.document.layerscargados = true;
     mapLayer->Loaded = true;
     context.events.changeStatus(cell.layer, StatusList::Remove + StatusList::LoadingLayer);

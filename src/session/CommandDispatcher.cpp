@@ -3,6 +3,7 @@
 #include "session/AccessLoader.h"
 #include "session/CellFieldValuesLoader.h"
 #include "session/CellGeometryLoader.h"
+#include "session/ElementBoxLoader.h"
 #include "session/LayerDefinitionLoader.h"
 #include "session/MapDefinitionLoader.h"
 #include "protocol/messages/MessageIO.h"
@@ -14,6 +15,7 @@
 #include <algorithm>
 #include <array>
 #include <exception>
+#include <stdexcept>
 #include <string>
 
 namespace orbelan {
@@ -38,6 +40,7 @@ constexpr std::array kRoutes = {
     Route{ThematicClasses, loadThematicClasses},
     Route{AccessAnswer, loadAccessAnswer},
     Route{LayerAccessLevels, loadLayerAccessLevels},
+    Route{ElementBoundingBox, loadElementBoundingBox},
 };
 
 const Route* routeOf(CommandCode code)
@@ -45,6 +48,14 @@ const Route* routeOf(CommandCode code)
     const auto found =
         std::find_if(kRoutes.begin(), kRoutes.end(), [code](const Route& route) { return route.code == code; });
     return found == kRoutes.end() ? nullptr : &*found;
+}
+
+// The map would not take a value: the rest of the message goes as if it
+// were cut.
+[[noreturn]] void refuse(const DWBUffer& message, CommandCode code, const std::exception& refused)
+{
+    throw WireReadError(message.readPosition(), 0, codeNumber(code),
+                        std::string("the map refused a value: ") + refused.what());
 }
 
 } // namespace
@@ -65,13 +76,13 @@ void CommandDispatcher::operator()(DWBUffer& message)
     }
     try {
         route->handler(message, context_);
-    } catch (const WireReadError&) {
-        throw;
-    } catch (const std::exception& refused) {
-        // The map would not take a value (a key given twice, a count past
-        // what it can hold): the rest of the message goes as if it were cut.
-        throw WireReadError(message.readPosition(), 0, codeNumber(code),
-                            std::string("the map refused a value: ") + refused.what());
+    } catch (const std::logic_error& refused) {
+        // A key given twice, a count past what the map can hold, an index out
+        // of range.
+        refuse(message, code, refused);
+    } catch (const std::overflow_error& refused) {
+        // A coordinate beyond what the map can keep.
+        refuse(message, code, refused);
     }
 }
 

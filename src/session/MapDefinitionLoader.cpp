@@ -3,6 +3,7 @@
 #include "protocol/messages/LayerAccessLevelsRequest.h"
 #include "session/LayerDefinitionLoader.h"
 #include "session/LoadContext.h"
+#include "session/SessionState.h"
 #include "protocol/messages/MapDefinition.h"
 #include "model/MapDocument.h"
 #include "protocol/RequestSender.h"
@@ -104,6 +105,7 @@ void loadMapDefinition(DWBUffer& message, LoadContext& context)
             addLayer(context.document, record);
             levels.layers.push_back(record.id);
         });
+    context.state.mapDefined = true;
     sendMessage(context.requests, levels);
     context.events.changeStatus(0, StatusList::Remove + StatusList::LoadingMap);
     context.events.definitionLoaded();

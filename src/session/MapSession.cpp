@@ -1,6 +1,7 @@
 #include "session/MapSession.h"
 
 #include "protocol/messages/AccessRequest.h"
+#include "protocol/messages/ElementBoundingBoxRequest.h"
 #include "session/CommandDispatcher.h"
 #include "model/MapDocument.h"
 #include "session/SessionEvents.h"
@@ -31,6 +32,7 @@ MapSession::MapSession(MapDocument& document, const Viewport& view, UiServices& 
       cells_(connection_, document, view, events)
 {
     installDispatcher(ui);
+    connectRecovery();
 }
 
 void MapSession::setUiServices(UiServices& ui)
@@ -41,17 +43,27 @@ void MapSession::setUiServices(UiServices& ui)
 
 void MapSession::installDispatcher(UiServices& ui)
 {
-    connection_.setMessageHandler(CommandDispatcher(LoadContext{document_, connection_, cells_, ui, events_}));
+    connection_.setMessageHandler(
+        CommandDispatcher(LoadContext{document_, connection_, cells_, ui, events_, state_}));
+}
+
+void MapSession::connectRecovery()
+{
+    QObject::connect(&connection_, &ServerConnection::reconnected, &connection_, [this] { identify(); });
+    QObject::connect(&connection_, &ServerConnection::connectionFailed, &connection_,
+                     [this] { tellConnectionFailure(); });
+    QObject::connect(&connection_, &ServerConnection::repliesLost, &connection_, [this] { forgetLostRequests(); });
 }
 
 bool MapSession::open()
 {
+    state_ = SessionState{};
+    connection_.resumeSending();
     if (!connection_.connectToServer()) {
-        ui_->messageBox(events_.dialogParent(), kConnectionFailure, MessageButtons::OK, MessageIcon::Critical,
-                      QStringLiteral("Orbelan Viewer"));
+        tellConnectionFailure();
         return false;
     }
-    sendMessage(connection_, messages::AccessRequest{document_.IDUser, document_.MapCode});
+    identify();
     events_.changeStatus(0, StatusList::RequestingMap);
     return true;
 }
@@ -59,6 +71,31 @@ bool MapSession::open()
 void MapSession::close()
 {
     connection_.closeAndWait();
+}
+
+void MapSession::requestElementBox(std::int32_t layerId, std::int32_t elementId, bool zoom)
+{
+    state_.zoomToElementBox = zoom;
+    sendMessage(connection_, messages::ElementBoundingBoxRequest{layerId, elementId});
+}
+
+void MapSession::identify()
+{
+    sendMessage(connection_, messages::AccessRequest{document_.IDUser, document_.MapCode});
+}
+
+void MapSession::tellConnectionFailure()
+{
+    ui_->messageBox(events_.dialogParent(), kConnectionFailure, MessageButtons::OK, MessageIcon::Critical,
+                    QStringLiteral("Orbelan Viewer"));
+}
+
+void MapSession::forgetLostRequests()
+{
+    cells_.forgetAwaited();
+    for (const auto& [layerId, code] : status_.steps()) {
+        events_.changeStatus(layerId, static_cast<std::uint8_t>(StatusList::Remove + code));
+    }
 }
 
 } // namespace orbelan

@@ -2,7 +2,10 @@
 
 #include "session/CellRequester.h"
 #include "protocol/ServerConnection.h"
+#include "session/SessionState.h"
 #include "session/StatusList.h"
+
+#include <cstdint>
 
 namespace orbelan {
 
@@ -14,6 +17,13 @@ class Viewport;
 // One control's conversation with the map server about one map: the
 // connection, the dispatcher that hands each reply to its loader, the cell
 // requests, and the steps in progress that the status label lists.
+//
+// The session outlives its connection: a connection opened again by a
+// request first asks for access again as the same user and map, and the
+// requests whose replies the old connection lost are forgotten (their steps
+// leave the status list, their cells count as never asked for). A
+// re-connection that fails is told to the user with the message of a failed
+// start.
 class MapSession {
 public:
     MapSession(MapDocument& document, const Viewport& view, UiServices& ui, SessionEvents& events);
@@ -36,15 +46,23 @@ public:
     bool open();
     // Closes the connection and waits until it is closed.
     void close();
+    // Asks the server for the box of an element; the reply shows it when
+    // zoom is set.
+    void requestElementBox(std::int32_t layerId, std::int32_t elementId, bool zoom);
 
 private:
     void installDispatcher(UiServices& ui);
+    void connectRecovery();
+    void identify();
+    void tellConnectionFailure();
+    void forgetLostRequests();
 
     MapDocument& document_;
     SessionEvents& events_;
     UiServices* ui_;
     ServerConnection connection_;
     StatusList status_;
+    SessionState state_;
     CellRequester cells_;
 };
 

@@ -8,6 +8,8 @@ class QWidget;
 
 namespace orbelan {
 
+class BoundingBox;
+
 // What the session asks of the control that shows its map: a loader or the
 // cell requester never sees the widget, only this.
 class SessionEvents {
@@ -18,6 +20,8 @@ public:
     virtual void redrawMap() = 0;
     // Shows the whole map (the first view once the access levels are known).
     virtual void zoomToExtents() = 0;
+    // Shows the box of map coordinates, as a window zoom does.
+    virtual void showBox(const BoundingBox& box) = 0;
     // One change of the status list: a step of a layer started or ended.
     virtual void changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName = {}) = 0;
     // The map definition has been read whole: hosts hear MapLoaded.

@@ -1,5 +1,7 @@
 #include "session/StatusList.h"
 
+#include "session/CellRequester.h"
+
 #include <algorithm>
 
 namespace orbelan {
@@ -29,6 +31,17 @@ QString StatusList::text() const
         }
     }
     return lines.join('\n');
+}
+
+std::vector<std::pair<std::int32_t, std::uint8_t>> StatusList::steps() const
+{
+    std::vector<std::pair<std::int32_t, std::uint8_t>> shown;
+    for (const Entry& entry : entries_) {
+        if (entry.code != Empty) {
+            shown.emplace_back(entry.layerId, entry.code);
+        }
+    }
+    return shown;
 }
 
 bool StatusList::empty() const
@@ -107,6 +120,10 @@ QString StatusList::textOf(const Entry& entry)
     case LoadingInformation: return QStringLiteral("Loading Information.");
     case RequestingTheme: return QStringLiteral("Requesting Theme Information ") + counted;
     case LoadingTheme: return QStringLiteral("Loading Theme Information.");
+    case CellLimit:
+        return QStringLiteral("Layer %1: only the first %2 cells of this view were requested.")
+            .arg(entry.layerName)
+            .arg(CellRequester::kCellsPerView);
     default: return {};
     }
 }

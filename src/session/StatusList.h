@@ -4,6 +4,7 @@
 #include <QStringList>
 
 #include <cstdint>
+#include <utility>
 #include <vector>
 
 namespace orbelan {
@@ -25,6 +26,9 @@ public:
         LoadingInformation = 31,
         RequestingTheme = 40,
         LoadingTheme = 41,
+        // Not a request: the view of a layer met the limit of cells one view
+        // asks for. Shown once per layer, until a view no longer meets it.
+        CellLimit = 50,
         // Added to a step code to remove that step.
         Remove = 100,
         // The one entry of an empty list; it shows nothing.
@@ -37,6 +41,8 @@ public:
     void change(std::int32_t layerId, std::uint8_t code, const QString& layerName = {});
     // The caption: one line per step, in list order.
     QString text() const;
+    // The layer id and code of every step shown, in list order.
+    std::vector<std::pair<std::int32_t, std::uint8_t>> steps() const;
     bool empty() const;
 
 private:

@@ -333,7 +333,7 @@ void Viewer::hideEvent(QHideEvent* event)
 {
     QWidget::hideEvent(event);
     if (!event->spontaneous()) {
-        guarded(*this, "hide", [this] { d_->session().close(); });
+        guarded(*this, "hide", [this] { d_->hidden(); });
     }
 }
 

@@ -3,10 +3,8 @@
 #include "viewer/ActivityShape.h"
 #include "viewer/CToolTip.h"
 #include "viewer/Guarded.h"
-#include "protocol/messages/ElementBoundingBoxRequest.h"
 #include "viewer/InputCodes.h"
 #include "render/OleColor.h"
-#include "protocol/RequestSender.h"
 #include "viewer/Viewer.h"
 #include "ui/WidgetUiServices.h"
 #include "viewer/tools/ZoomFactorTool.h"
@@ -98,7 +96,8 @@ void ViewerPrivate::connectReceiveSide()
         viewer_.unsetCursor();
         readingData_->hide();
     });
-    QObject::connect(&connection, &ServerConnection::allRepliesIn, &viewer_, &Viewer::Redraw);
+    // The replies that bring the count to 0 redraw the map themselves.
+    QObject::connect(&connection, &ServerConnection::allRepliesIn, &viewer_, [this] { selectToolCursor(); });
 }
 
 void ViewerPrivate::chooseToolTipLayer(int layerId, const QString& field)
@@ -154,6 +153,16 @@ void ViewerPrivate::firstShow()
     if (session_.open()) {
         statusLabel_->show();
     }
+}
+
+// The map and the connection go with the hidden control: a later show
+// starts a new session, as the first one did.
+void ViewerPrivate::hidden()
+{
+    session_.close();
+    document_.Layers().Clear();
+    document_.layerscargados = false;
+    firstShowPending = true;
 }
 
 void ViewerPrivate::resized()
@@ -327,7 +336,7 @@ void ViewerPrivate::showElements(std::int32_t layerId, const QList<int>& element
         return;
     }
     if (elements.size() == 1 && !mapLayer->Entidades.Find(elements.front())) {
-        sendMessage(session_.connection(), messages::ElementBoundingBoxRequest{layerId, elements.front()});
+        session_.requestElementBox(layerId, elements.front(), true);
         return;
     }
     BoundingBox box;

@@ -75,6 +75,7 @@ public:
     void requestCellsOfView() { session_.cells().requestCellsOfView(); }
 
     void firstShow();
+    void hidden();
     void resized();
     void paint();
     void mousePress(const QMouseEvent& event);

@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <set>
 
 using namespace orbelan;
@@ -36,21 +37,31 @@ protected:
         demo.start(kServer, {"demo", "--db", store, "--offline", "--data", folder.path()});
         ASSERT_TRUE(demo.waitForFinished(kProgramMilliseconds));
         ASSERT_EQ(demo.exitCode(), 0) << demo.readAll().toStdString();
+        serve(0);
+        ASSERT_NE(port, 0);
+    }
 
+    void TearDown() override { stop(); }
+
+    // Starts serving the store on the port (0: a free one) and learns the port.
+    void serve(quint16 wanted)
+    {
         server.setProcessChannelMode(QProcess::MergedChannels);
-        server.start(kServer, {"serve", "--db", store, "--port", "0"});
+        server.start(kServer, {"serve", "--db", folder.filePath(QStringLiteral("demo.sqlite")), "--port",
+                               QString::number(wanted)});
         const QRegularExpression listening(QStringLiteral("listening on 127\\.0\\.0\\.1:(\\d+)"));
         QString log;
+        port = 0;
         while (port == 0 && server.waitForReadyRead(kProgramMilliseconds)) {
             log += QString::fromUtf8(server.readAll());
             if (const auto found = listening.match(log); found.hasMatch()) {
                 port = static_cast<quint16>(found.captured(1).toUInt());
             }
         }
-        ASSERT_NE(port, 0) << log.toStdString();
+        EXPECT_NE(port, 0) << log.toStdString();
     }
 
-    void TearDown() override
+    void stop()
     {
         server.kill();
         server.waitForFinished();
@@ -100,6 +111,60 @@ TEST_F(DemoServer, SantiagoLoadsItsLayersAndTheCellsOfTheFirstView)
     for (const ShownMessage& box : ui.messages()) {
         EXPECT_NE(box.text, "Acceso Denegado");
     }
+}
+
+int entitiesOf(const Layers& layers)
+{
+    int entities = 0;
+    for (const layer& mapLayer : layers) {
+        entities += mapLayer.Entidades.count();
+    }
+    return entities;
+}
+
+// With the server gone each pan tells the failure once, forgets its requests
+// and keeps the map drawn; once the server is back on its port, a pan asks for
+// access again and then for the new cells.
+TEST_F(DemoServer, TheSessionSurvivesTheServerGoingAwayAndComingBack)
+{
+    ASSERT_TRUE(showLoaded());
+    ASSERT_TRUE(zoomToTheCentre());
+    const layer& parcels = *viewer.Layers().Item(1);
+    const int loaded = entitiesOf(viewer.Layers());
+    const int layers = viewer.Layers().count();
+    const quint16 servedOn = port;
+    stop();
+    // Lets the control see its connection close.
+    QTest::qWait(200);
+    // East onto new cells, back to the loaded centre (nothing to ask), west
+    // onto new cells: one failure message for each view that asked.
+    const std::array<std::pair<double, std::size_t>, 3> pans = {{{-70.65, 1}, {-70.67, 1}, {-70.70, 2}}};
+    for (const auto& [west, messages] : pans) {
+        viewer.SetView(west, -33.46, west + 0.01, -33.452);
+        QTest::qWait(10);
+        EXPECT_EQ(ui.messages().size(), messages) << west;
+        EXPECT_EQ(viewer.PendingRequests(), 0);
+        EXPECT_EQ(viewer.statusText(), "");
+        if (west == -70.67) {
+            EXPECT_FALSE(parcels.DrawnIDs().empty());
+        }
+    }
+    EXPECT_TRUE(ui.messages().back().text.startsWith("Error: Unable to connect to map server."));
+
+    serve(servedOn);
+    ASSERT_EQ(port, servedOn);
+    viewer.SetView(-70.65, -33.46, -70.64, -33.452);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.isIdle(); }, kLoadMilliseconds));
+    EXPECT_GT(entitiesOf(viewer.Layers()), loaded);
+    EXPECT_EQ(viewer.Layers().count(), layers);
+    EXPECT_EQ(ui.messages().size(), 2u);
+    EXPECT_EQ(viewer.statusText(), "");
+
+    // Hidden, the control lets the map go; shown again, it loads it anew.
+    viewer.hide();
+    EXPECT_EQ(viewer.Layers().count(), 0);
+    ASSERT_TRUE(showLoaded());
+    EXPECT_EQ(viewer.Layers().count(), layers);
 }
 
 TEST_F(DemoServer, ZoomedInTheParcelsShowTheirClassColours)

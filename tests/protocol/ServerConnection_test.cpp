@@ -4,11 +4,13 @@
 #include "Bytes.h"
 #include "LoopbackServer.h"
 
+#include <QCoreApplication>
 #include <QScopedValueRollback>
 #include <QSignalSpy>
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 
 using namespace orbelan;
@@ -105,6 +107,8 @@ TEST_F(ServerConnectionTest, ASendOnAClosedConnectionReopensItToTheLastHostAndPo
     ASSERT_TRUE(server.waitForReceived(1, request.size()));
     server.drop(1);
     ASSERT_TRUE(waitUntil([&] { return connection.socket().State() == kSocketClosed; }));
+    // The reply awaited was lost with the connection.
+    EXPECT_EQ(connection.pendingRequests(), 0);
     askForMap();
     ASSERT_TRUE(server.waitForReceived(2, request.size()));
 
@@ -113,22 +117,31 @@ TEST_F(ServerConnectionTest, ASendOnAClosedConnectionReopensItToTheLastHostAndPo
     }
 }
 
-TEST_F(ServerConnectionTest, ASendAfterAFailedConnectionTriesAgainOnceSomethingListens)
+TEST_F(ServerConnectionTest, AFailedReconnectionIsSaidOnceAndTheNextTurnTriesAgain)
 {
     const quint16 port = unusedPort();
     connection.socket().setRemotePort(port);
-    EXPECT_FALSE(connection.connectToServer());
-    EXPECT_EQ(connection.socket().State(), kSocketError);
+    QSignalSpy failures(&connection, &ServerConnection::connectionFailed);
 
-    // Nothing listens yet: the request is lost with the socket's failure.
-    connection.sendRequest(CommandCode::ElementBoundingBoxRequest, longs({2, 8}));
-    EXPECT_EQ(connection.socket().State(), kSocketError);
+    // Nothing listens: the first send tries, the others of the same turn of
+    // the event loop are dropped with it, and none is awaited.
+    for (std::int32_t element = 1; element <= 3; ++element) {
+        connection.sendRequest(CommandCode::ElementBoundingBoxRequest, longs({2, element}));
+    }
+    EXPECT_EQ(failures.size(), 1);
+    EXPECT_EQ(connection.pendingRequests(), 0);
+    QCoreApplication::processEvents();
 
+    // A connection opened again is introduced before the send's own bytes.
     LoopbackServer late(port);
+    QObject::connect(&connection, &ServerConnection::reconnected,
+                     [&] { connection.sendRequest(CommandCode::AccessRequest, longs({7, 3})); });
     connection.sendRequest(CommandCode::ElementBoundingBoxRequest, longs({2, 9}));
-    ASSERT_TRUE(late.waitForReceived(0, 18));
-    EXPECT_EQ(late.received(0), (Bytes{'M', 'I', 'C', ' ', 18, 0, 0, 0, 15, 0, 2, 0, 0, 0, 9, 0, 0, 0}));
+    ASSERT_TRUE(late.waitForReceived(0, 36));
+    EXPECT_EQ(late.received(0), (Bytes{'M', 'I', 'C', ' ', 18, 0, 0, 0, 10, 0, 7, 0, 0, 0, 3, 0, 0, 0,
+                                       'M', 'I', 'C', ' ', 18, 0, 0, 0, 15, 0, 2, 0, 0, 0, 9, 0, 0, 0}));
     EXPECT_EQ(connection.pendingRequests(), 2);
+    EXPECT_EQ(failures.size(), 1);
 }
 
 TEST_F(ServerConnectionTest, MessagesWrittenInOddChunksReachTheHandlerWholeAndInOrder)
@@ -194,16 +207,22 @@ TEST_F(ServerConnectionTest, AMessageShorterThanItsFieldsIsAbandonedAndTheNextOn
         message.GetLong();
         message.GetInteger();
         values.push_back(message.GetLong());
+        if (values.back() == 13) {
+            throw std::runtime_error("thirteen");
+        }
     });
     QSignalSpy abandoned(&connection, &ServerConnection::messageAbandoned);
     connectBothEnds();
 
+    // Whatever else escapes a handler ends its message only, and is told too.
     server.write(0, join({serverMessage(CommandCode::FieldStatistics),
+                          serverMessage(CommandCode::FieldStatistics, longs({13})),
                           serverMessage(CommandCode::FieldStatistics, longs({42}))}));
     ASSERT_TRUE(waitForArrivals(1));
-    EXPECT_EQ(values, std::vector<std::int32_t>{42});
-    ASSERT_EQ(abandoned.size(), 1);
+    EXPECT_EQ(values, (std::vector<std::int32_t>{13, 42}));
+    ASSERT_EQ(abandoned.size(), 2);
     EXPECT_TRUE(abandoned.at(0).at(0).toString().contains(QStringLiteral("command 106")));
+    EXPECT_EQ(abandoned.at(1).at(0).toString(), QStringLiteral("thirteen"));
 }
 
 TEST_F(ServerConnectionTest, OrderIsKeptWhenAHandlerReconnectsWhileMoreDataArrives)

@@ -56,15 +56,20 @@ TEST_F(CellFieldValuesLoader, ThematicValuesChooseClassesAndDirectionsAreInteger
     streets.Entidades.Find(43)->Direction = 1;
     replyValues("DIR", {{41, 1}, {42, 2}, {43, 3}}, {"-1", "1.5", ""});
     EXPECT_EQ(std::tuple(element(41).Direction, element(42).Direction, element(43).Direction), std::tuple(-1, 2, 0));
-    replyValues("DIR", {{41, 1}}, {"norte"});
-    EXPECT_EQ(abandoned, 1);
-    EXPECT_EQ(element(41).Direction, -1);
+    replyValues("DIR", {{41, 1}, {42, 2}, {43, 3}}, {" 1 ", "+1", "2.5"});
+    EXPECT_EQ(std::tuple(element(41).Direction, element(42).Direction, element(43).Direction), std::tuple(1, 1, 2));
+    EXPECT_EQ(abandoned, 0);
+    for (const char* notANumber : {"norte", "+-1", " ", "40000"}) {
+        replyValues("DIR", {{41, 1}}, {notANumber});
+    }
+    EXPECT_EQ(abandoned, 4);
+    EXPECT_EQ(element(41).Direction, 1);
 }
 
-// Element 0 is told as it is read, for layers of the map only.
+// Element 0 is told once per reply, for layers of the map only.
 TEST_F(CellFieldValuesLoader, AnElementZeroIsReportedAndTheRestStillApplied)
 {
-    replyValues("NOMBRE", {{0, 1}, {42, 1}, {99, 1}}, {"Alameda"});
+    replyValues("NOMBRE", {{0, 1}, {42, 1}, {0, 1}, {99, 1}, {0, 1}}, {"Alameda"});
     ASSERT_EQ(ui.messages().size(), 1u);
     EXPECT_EQ(std::tuple(ui.messages().front().text, ui.messages().front().caption),
               std::tuple("Error when loading labels.\r\nLayer: 7, Field: NOMBRE", "Proyecto Pelmarito"));
@@ -74,8 +79,16 @@ TEST_F(CellFieldValuesLoader, AnElementZeroIsReportedAndTheRestStillApplied)
     EXPECT_EQ(ui.messages().size(), 1u);
 }
 
+// A pair of an element the layer does not hold is passed over whatever its
+// number; the reply that leaves nothing awaited redraws the map.
 TEST_F(CellFieldValuesLoader, AValueNumberOutsideTheListAbandonsTheRest)
 {
+    requests.pending = 3;
+    for (const char* field : {"NOMBRE", "USO", "DIR"}) {
+        replyValues(field, {{99, 7}, {41, 1}}, {"1"});
+    }
+    EXPECT_EQ(std::tuple(abandoned, element(41).ThemeValue, element(41).Direction, events.redraws),
+              std::tuple(0, "1", 1, 1));
     replyValues("USO", {{41, 1}, {42, 3}, {43, 1}}, {"Comercial", "Residencial"});
     EXPECT_EQ(abandoned, 1);
     EXPECT_EQ(element(41).ThemeCode, 2);

@@ -55,6 +55,11 @@ TEST_F(CellGeometryLoader, ALoadedCellMarksTheLayerAndClearsItsStatus)
     EXPECT_EQ(requests.pending, 0);
     // No thematic field: nothing more is asked for.
     EXPECT_TRUE(requests.sent.empty());
+    // Only the reply that leaves nothing awaited redraws.
+    EXPECT_EQ(events.redraws, 1);
+    requests.pending = 2;
+    reply(cell({}));
+    EXPECT_EQ(events.redraws, 1);
 }
 
 TEST_F(CellGeometryLoader, AThematicLayerAsksForItsValuesInTheSameCell)

@@ -73,6 +73,40 @@ TEST_F(CellRequesterTest, LayersThatShowNothingAskForNothing)
     EXPECT_TRUE(requests.sent.empty());
 }
 
+// A view asks for a share of a fine grid at a time, and says so once.
+TEST_F(CellRequesterTest, OneViewAsksForAtMostItsShareOfCellsPerLayer)
+{
+    streets.GridDeltaX = streets.GridDeltaY = 0.001f;
+    streets.maxCol = 180'000;
+    streets.maxRow = 360'000;
+    ASSERT_TRUE(view.SetView(0, 0, 2, 1));
+    for (int pass = 1; pass <= 2; ++pass) {
+        cells.requestCellsOfView();
+        const auto [geometry, labels] = requestedCells();
+        EXPECT_EQ(geometry.size() + labels.size(), 2 * 4096u);
+        EXPECT_EQ(events.status.text().count("only the first 4096 cells"), 1) << events.status.text().toStdString();
+    }
+    EXPECT_TRUE(events.status.text().contains("Layer Calles: only the first 4096 cells of this view were requested."));
+}
+
+// Cells whose replies are lost count as never asked for; those that arrived
+// stay asked for.
+TEST_F(CellRequesterTest, LostRepliesLeaveTheirCellsToBeAskedForAgain)
+{
+    ASSERT_TRUE(view.SetView(0, 0, 2, 1));
+    cells.requestCellsOfView();
+    auto [geometry, labels] = requestedCells();
+    const auto [row, column] = *geometry.begin();
+    cells.cellArrived(streets, {row, column});
+    cells.valuesArrived(streets, "nombre");
+    cells.forgetAwaited();
+    cells.requestCellsOfView();
+    auto [again, labelsAgain] = requestedCells();
+    geometry.erase(geometry.begin());
+    EXPECT_EQ(again, geometry);
+    EXPECT_EQ(labelsAgain.size(), labels.size() - 1);
+}
+
 TEST_F(CellRequesterTest, CellsAskedForAgainKeepTheirOrder)
 {
     for (const GridCell& cell : {GridCell{1, 5}, GridCell{2, 6}, GridCell{1, 5}}) {

@@ -1,8 +1,10 @@
 #include "protocol/messages/AccessAnswer.h"
+#include "protocol/messages/ElementBoundingBox.h"
 #include "protocol/messages/LayerAccessLevels.h"
 #include "protocol/messages/MapDefinitionRequest.h"
 #include "SessionHarness.h"
 
+#include <cmath>
 #include <tuple>
 
 using namespace orbelan;
@@ -31,12 +33,17 @@ TEST_F(Dispatcher, AnUnknownCodeIsAnnouncedAndDropped)
     EXPECT_EQ(ui.messages().size(), 3u);
     EXPECT_EQ(requests.pending, 0);
     EXPECT_TRUE(requests.sent.empty());
+    EXPECT_EQ(events.redraws, 0);
 }
 
 TEST_F(Dispatcher, RefusedAccessIsToldAndNothingMoreIsAsked)
 {
     requests.pending = 1;
+    events.changeStatus(0, StatusList::RequestingMap, {});
     reply(messages::AccessAnswer{5});
+    EXPECT_TRUE(requests.stopped);
+    EXPECT_TRUE(events.status.empty());
+    EXPECT_EQ(events.redraws, 0);
     ASSERT_EQ(ui.messages().size(), 1u);
     const ShownMessage& box = ui.messages().front();
     EXPECT_EQ(std::tuple(box.text, box.caption, box.icon),
@@ -57,6 +64,11 @@ TEST_F(Dispatcher, GrantedAccessAsksForTheMapOnce)
     // The access answer was counted off, the map request counted on.
     EXPECT_EQ(requests.pending, 1);
     EXPECT_TRUE(ui.messages().empty());
+
+    // Access granted again on a new connection: the map is already here.
+    state.mapDefined = true;
+    reply(messages::AccessAnswer{0});
+    EXPECT_TRUE(requests.sent.empty());
 }
 
 // Levels are stored as they are read, ids the map does not have passed
@@ -78,6 +90,25 @@ TEST_F(Dispatcher, AccessLevelsGoToTheirLayersAndTheMapIsShownWhole)
     EXPECT_EQ(events.zooms, 1);
     reply(messages::LayerAccessLevels{});
     EXPECT_EQ(events.zooms, 2);
+}
+
+// The box of an element is shown with a margin, only when its request asked
+// for a zoom; an element the server does not have changes nothing.
+TEST_F(Dispatcher, AnElementBoxIsShownWhenItsRequestAskedForAZoom)
+{
+    const messages::ElementBoundingBox box{3, 8, -70.5, -33.5, -70.25, -33.25};
+    requests.pending = 4;
+    reply(box);
+    state.zoomToElementBox = true;
+    reply(messages::ElementBoundingBox::none(3, 9));
+    reply(messages::ElementBoundingBox{3, 8, -70.5, std::nan(""), -70.25, -33.25});
+    EXPECT_TRUE(events.shown.empty());
+    reply(box);
+    ASSERT_EQ(events.shown.size(), 1u);
+    const BoundingBox& shown = events.shown.front();
+    EXPECT_EQ(std::tuple(shown.MinX, shown.MinY, shown.MaxX, shown.MaxY),
+              std::tuple(-70.5 - 0.001, -33.5 - 0.001, -70.25 + 0.001, -33.25 + 0.001));
+    EXPECT_EQ(requests.pending, 0);
 }
 
 } // namespace

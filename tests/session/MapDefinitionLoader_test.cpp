@@ -157,7 +157,7 @@ TEST_F(MapDefinitionLoader, EveryCutKeepsWhatWasReadBeforeIt)
     int layersBefore = 0;
     for (std::int64_t length = 10; length < whole.TamanoBuffer(); ++length) {
         MapDocument cutDocument(view);
-        CommandDispatcher cutDispatch(LoadContext{cutDocument, requests, cells, ui, events});
+        CommandDispatcher cutDispatch(LoadContext{cutDocument, requests, cells, ui, events, state});
         DWBUffer cut = cutShort(whole, length);
         EXPECT_THROW(cutDispatch(cut), WireReadError) << length;
         EXPECT_EQ(events.loaded, 0);

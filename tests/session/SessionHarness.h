@@ -2,11 +2,13 @@
 
 #include "session/CellRequester.h"
 #include "session/CommandDispatcher.h"
+#include "model/BoundingBox.h"
 #include "model/MapDocument.h"
 #include "protocol/messages/MessageIO.h"
 #include "protocol/RequestSender.h"
 #include "ui/ScriptedUiServices.h"
 #include "session/SessionEvents.h"
+#include "session/SessionState.h"
 #include "session/StatusList.h"
 #include "view/Viewport.h"
 
@@ -22,12 +24,15 @@ class RecordingSender : public orbelan::RequestSender {
 public:
     void sendRequest(orbelan::CommandCode code, const std::function<void(orbelan::DWBUffer&)>& writePayload) override;
     void replyHandled() override { --pending; }
+    std::int32_t pendingRequests() const override { return pending; }
+    void stopSending() override { stopped = true; }
 
     // The requests sent since the last call, unread.
     std::vector<orbelan::DWBUffer> take();
 
     std::vector<orbelan::DWBUffer> sent;
     int pending = 0;
+    bool stopped = false;
 };
 
 // The control as a session sees it: what the loaders ask of it is counted,
@@ -36,6 +41,7 @@ class RecordingEvents : public orbelan::SessionEvents {
 public:
     void redrawMap() override { ++redraws; }
     void zoomToExtents() override { ++zooms; }
+    void showBox(const orbelan::BoundingBox& box) override { shown.push_back(box); }
     void changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName) override
     {
         status.change(layerId, step, layerName);
@@ -47,6 +53,7 @@ public:
     int redraws = 0;
     int zooms = 0;
     int loaded = 0;
+    std::vector<orbelan::BoundingBox> shown;
 };
 
 // A session without widget or socket: the test plays the server by handing
@@ -72,6 +79,7 @@ protected:
     RecordingEvents events;
     orbelan::ScriptedUiServices ui;
     orbelan::CellRequester cells{requests, document, view, events};
-    orbelan::CommandDispatcher dispatch{orbelan::LoadContext{document, requests, cells, ui, events}};
+    orbelan::SessionState state;
+    orbelan::CommandDispatcher dispatch{orbelan::LoadContext{document, requests, cells, ui, events, state}};
     int abandoned = 0;
 };

@@ -220,23 +220,28 @@ TEST_F(ViewerTest, TheFirstShowAsksForAccessToTheMapOnce)
     EXPECT_EQ(viewer.statusText(), "Requesting Map.");
     EXPECT_TRUE(ui.messages().empty());
 
-    // Hidden and shown again: the connection closes and is not opened again.
+    // Hidden, the control closes its connection and forgets what it awaited;
+    // shown again, it starts a new session.
     viewer.hide();
     EXPECT_TRUE(peer->state() == QAbstractSocket::UnconnectedState || peer->waitForDisconnected(1000));
+    EXPECT_EQ(std::tuple(viewer.PendingRequests(), viewer.statusText()), std::tuple(0, ""));
     viewer.show();
-    EXPECT_FALSE(server.waitForNewConnection(300));
+    ASSERT_TRUE(server.hasPendingConnections() || server.waitForNewConnection(1000));
+    const std::unique_ptr<QTcpSocket> again(server.nextPendingConnection());
+    EXPECT_EQ(readExactly(*again, 18), accessRequest);
+    EXPECT_EQ(viewer.PendingRequests(), 1);
 }
 
-TEST_F(ViewerTest, TheLastAwaitedReplyRedrawsTheMapOnce)
+TEST_F(ViewerTest, ARefusedAccessRedrawsNothingAndEmptiesTheStatus)
 {
     std::unique_ptr<QTcpSocket> peer = showConnected();
     ASSERT_TRUE(peer);
 
     QSignalSpy redrawn(&viewer, &Viewer::MapRedrawn);
-    // Access refused: nothing more is awaited.
     peer->write(QByteArray("MIC \x0C\0\0\0\x6E\0\x01\0", 12));
     EXPECT_TRUE(QTest::qWaitFor([&] { return viewer.PendingRequests() == 0; }));
-    EXPECT_EQ(redrawn.size(), 1);
+    EXPECT_EQ(std::tuple(redrawn.size(), viewer.statusText()), std::tuple(0, ""));
+    EXPECT_EQ(ui.messages().back().text, "Acceso Denegado");
 }
 
 TEST_F(ViewerTest, AFailedConnectionIsReportedAndTheControlCarriesOn)
