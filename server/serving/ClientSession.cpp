@@ -68,6 +68,13 @@ void ClientSession::answerWaiting()
 void ClientSession::answer(std::span<const std::uint8_t> request)
 {
     DWBUffer message(request);
+    // The framer trusts the length of a message that follows another in the
+    // same read; the server also wants its signature.
+    if (!message.IsHeaderCorrect()) {
+        log_.line(prefix() + "a request without its signature; closing");
+        closeConnection();
+        return;
+    }
     const HandlerOutcome outcome = handler_.handle(state_, message);
     if (outcome.notable) {
         log_.line(prefix() + outcome.note);

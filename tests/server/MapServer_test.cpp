@@ -235,6 +235,17 @@ TEST_F(MapServerTest, BadInputIsDroppedOrClosedWhileOthersAreServed)
     ASSERT_TRUE(answer) << "the dropped requests were not answered, the next one was";
     EXPECT_EQ(answer->elements.size(), 3u);
 
+    // Two requests in one write, the second without its signature: the
+    // first is answered, then the connection closes.
+    auto forged = admitted(1);
+    std::vector<std::uint8_t> pair = buildMessage(busyCell(SampleStore::kStreets)).buffer();
+    std::vector<std::uint8_t> second = pair;
+    second[1] = 'A';
+    pair.insert(pair.end(), second.begin(), second.end());
+    forged->sendBytes(pair);
+    ASSERT_TRUE(forged->reply<CellGeometry>());
+    EXPECT_TRUE(forged->closedByServer());
+
     WireClient oversized(port);
     oversized.sendBytes({'M', 'I', 'C', ' ', 0xFF, 0xFF, 0xFF, 0x7F, 2, 0});
     EXPECT_TRUE(oversized.closedByServer());
