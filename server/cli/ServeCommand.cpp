@@ -4,6 +4,7 @@
 #include "storage/MapReader.h"
 #include "serving/MapServer.h"
 #include "cli/OptionValues.h"
+#include "cli/StopSignals.h"
 #include "serving/ServerLog.h"
 
 #include <QCommandLineParser>
@@ -11,10 +12,18 @@
 #include <QFileInfo>
 #include <QHostAddress>
 
+#include <chrono>
 #include <iostream>
 #include <stdexcept>
 
 namespace orbelan::server {
+
+namespace {
+
+// How long replies already being written may take to leave at a stop.
+constexpr std::chrono::milliseconds kReplyDeadline{2000};
+
+} // namespace
 
 int ServeCommand::run(const QStringList& arguments)
 {
@@ -54,6 +63,15 @@ int ServeCommand::run(const QStringList& arguments)
         throw std::runtime_error("cannot listen on " + address.toString().toStdString() + ":" +
                                  std::to_string(port) + ": " + server.errorString().toStdString());
     }
+    StopSignals stop;
+    QObject::connect(&stop, &StopSignals::stopRequested, &server, [&](const QString& name) {
+        const int open = server.shutDown(kReplyDeadline);
+        log.line("stopping on " + name.toStdString() + ": " + std::to_string(open) +
+                 " connection(s) closed, the store is closed");
+        QCoreApplication::quit();
+    });
+    // The store closes as this returns: SQLite checkpoints its log into the
+    // file and removes the -wal and -shm files.
     return QCoreApplication::exec();
 }
 

@@ -9,6 +9,7 @@
 #include <QString>
 #include <QTcpServer>
 
+#include <chrono>
 #include <cstdint>
 
 namespace orbelan::server {
@@ -25,6 +26,9 @@ public:
     bool listen(const QHostAddress& address, quint16 port);
     quint16 port() const { return server_.serverPort(); }
     QString errorString() const { return server_.errorString(); }
+    // Stops accepting, gives the replies being written until the deadline to
+    // leave, and closes every connection. Returns how many were open.
+    int shutDown(std::chrono::milliseconds deadline);
 
 private:
     void acceptConnections();

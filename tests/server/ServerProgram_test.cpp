@@ -6,9 +6,12 @@
 
 #include <gtest/gtest.h>
 
+#include <QFileInfo>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
+
+#include <tuple>
 
 using namespace orbelan::messages;
 
@@ -74,8 +77,12 @@ TEST(ServerProgram, TheCommandsBuildAStoreThatServeGivesToWireClients)
     for (const auto& entry : grantedLevels->levels)
         EXPECT_EQ(entry.level, 2);
 
-    server.kill();
-    server.waitForFinished();
+    // SIGTERM: one line, exit 0, and the store's log folded back into the file.
+    server.terminate();
+    ASSERT_TRUE(server.waitForFinished(30'000));
+    EXPECT_EQ(std::tuple(server.exitStatus(), server.exitCode()), std::tuple(QProcess::NormalExit, 0));
+    EXPECT_TRUE(QString::fromUtf8(server.readAll()).contains(QStringLiteral("stopping on SIGTERM")));
+    EXPECT_FALSE(QFileInfo::exists(store + QStringLiteral("-wal")));
 }
 
 } // namespace
