@@ -268,7 +268,11 @@ std::int16_t RequestHandler::levelOf(SessionState& session, std::int32_t layer)
         return known->second;
     }
     const std::int16_t level = reader_.layerLevel(session.user, session.map, layer);
-    session.levels.emplace(layer, level);
+    // Only the layers the user may see are remembered, so that a client
+    // naming layer after unknown layer cannot grow the connection's memory.
+    if (level != 0) {
+        session.levels.emplace(layer, level);
+    }
     return level;
 }
 

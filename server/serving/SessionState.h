@@ -6,8 +6,8 @@
 namespace orbelan::server {
 
 // What a connection remembers: whether it has passed the access request, for
-// which user and map, and the user's levels on the layers asked about so far
-// (levels given while a connection is open apply to the next connection).
+// which user and map, and the user's levels on the visible layers asked about
+// so far (levels given while a connection is open apply to the next connection).
 struct SessionState {
     bool passed = false;
     std::int32_t user = 0;

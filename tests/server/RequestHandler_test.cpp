@@ -55,4 +55,19 @@ TEST(RequestHandler, RandomPayloadsNeverEscapeTheHandler)
     EXPECT_EQ(messages::CellGeometry::decode(reply).elements.size(), 3u);
 }
 
+TEST(RequestHandler, ALevelIsRememberedOnlyForALayerTheUserMaySee)
+{
+    SampleStore store;
+    MapReader reader(store.database());
+    RequestHandler handler(reader);
+    SessionState session{true, 1, SampleStore::kMap, {}};
+    for (std::int32_t layer = 1000; layer < 1100; ++layer) {
+        DWBUffer unknown = messages::buildMessage(messages::CellGeometryRequest{layer, 0, 0});
+        handler.handle(session, unknown);
+    }
+    DWBUffer streets = messages::buildMessage(messages::CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
+    handler.handle(session, streets);
+    EXPECT_EQ(session.levels.size(), 1u);
+}
+
 } // namespace
