@@ -217,16 +217,12 @@ void ViewerPrivate::showChangedView(bool changed)
 
 bool ViewerPrivate::dragView(MapPoint from, MapPoint to)
 {
-    const bool moved = !document_.busy && viewport_.drag(from, to);
-    showChangedView(moved);
-    return moved;
+    return navigate([&] { return viewport_.drag(from, to); });
 }
 
 void ViewerPrivate::centreView(MapPoint centre)
 {
-    if (!document_.busy) {
-        showChangedView(viewport_.centreOn(centre));
-    }
+    navigate([&] { return viewport_.centreOn(centre); });
 }
 
 // Redrawing one layer draws the others from what they drew last.
@@ -261,9 +257,7 @@ void ViewerPrivate::zoomAboutCentre(float factor)
 
 void ViewerPrivate::zoomAbout(float factor, MapPoint centre)
 {
-    if (!document_.busy) {
-        showChangedView(viewport_.zoomAbout(factor, centre));
-    }
+    navigate([&] { return viewport_.zoomAbout(factor, centre); });
 }
 
 void ViewerPrivate::zoomToExtents()
@@ -443,8 +437,8 @@ void ViewerPrivate::mouseDoubleClick(const QMouseEvent& event)
 // The wheel zooms by 2 or 0.5 and keeps the point under the cursor in place.
 void ViewerPrivate::wheel(int steps, QPointF pixel)
 {
-    if (steps != 0 && !document_.busy) {
-        showChangedView(viewport_.zoomAboutPixel(steps > 0 ? 2.0f : 0.5f, pixel.x(), pixel.y()));
+    if (steps != 0) {
+        navigate([&] { return viewport_.zoomAboutPixel(steps > 0 ? 2.0f : 0.5f, pixel.x(), pixel.y()); });
     }
 }
 
@@ -461,9 +455,7 @@ void ViewerPrivate::navigationKey(int key)
 
 void ViewerPrivate::panByQuarter(int east, int north)
 {
-    if (!document_.busy) {
-        showChangedView(viewport_.moveByShares(kArrowPanShare * east, kArrowPanShare * north));
-    }
+    navigate([&] { return viewport_.moveByShares(kArrowPanShare * east, kArrowPanShare * north); });
 }
 
 } // namespace orbelan

@@ -118,6 +118,14 @@ private:
     // After the view changed: the map is drawn anew and the cells it lacks
     // are asked for.
     void showChangedView(bool changed);
+    // Changes the view relatively unless a load is under way; true when it changed.
+    template <typename Change>
+    bool navigate(const Change& change)
+    {
+        const bool changed = !document_.busy && change();
+        showChangedView(changed);
+        return changed;
+    }
     void selectToolCursor();
     void panByQuarter(int east, int north);
     MapMouseEvent mapEvent(const QMouseEvent& event) const;
