@@ -3,6 +3,7 @@
 #include "storage/Database.h"
 #include "storage/MapReader.h"
 #include "serving/MapServer.h"
+#include "cli/LimitOptions.h"
 #include "cli/OptionValues.h"
 #include "cli/StopSignals.h"
 #include "serving/ServerLog.h"
@@ -16,12 +17,26 @@
 #include <iostream>
 #include <stdexcept>
 
+#include <sys/resource.h>
+
 namespace orbelan::server {
 
 namespace {
 
 // How long replies already being written may take to leave at a stop.
 constexpr std::chrono::milliseconds kReplyDeadline{2000};
+
+// Every connection takes a descriptor, and the usual soft limit of 1,024 is
+// below the connections the server admits by default; the hard limit is
+// what the system grants.
+void raiseDescriptorLimit()
+{
+    rlimit descriptors{};
+    if (getrlimit(RLIMIT_NOFILE, &descriptors) == 0 && descriptors.rlim_cur < descriptors.rlim_max) {
+        descriptors.rlim_cur = descriptors.rlim_max;
+        setrlimit(RLIMIT_NOFILE, &descriptors);
+    }
+}
 
 } // namespace
 
@@ -40,6 +55,7 @@ int ServeCommand::run(const QStringList& arguments)
          QStringLiteral("N"), QString::number(kDefaultPort)},
         {QStringLiteral("verbose"), QStringLiteral("Log one line per request.")},
     });
+    LimitOptions::add(parser);
     parser.process(arguments);
 
     const QString path = OptionValues::required(parser, QStringLiteral("db"));
@@ -54,11 +70,13 @@ int ServeCommand::run(const QStringList& arguments)
     }
     const auto port =
         static_cast<quint16>(OptionValues::integer(parser, QStringLiteral("port"), 0, 65535));
+    const ServingLimits limits = LimitOptions::read(parser);
+    raiseDescriptorLimit();
 
     Database database(path);
     MapReader reader(database);
     ServerLog log(std::cerr, parser.isSet(QStringLiteral("verbose")));
-    MapServer server(reader, log);
+    MapServer server(reader, log, limits);
     if (!server.listen(address, port)) {
         throw std::runtime_error("cannot listen on " + address.toString().toStdString() + ":" +
                                  std::to_string(port) + ": " + server.errorString().toStdString());

@@ -4,7 +4,7 @@
 
 namespace orbelan::server {
 
-// orbelan-server serve --db FILE [--listen ADDR] [--port N] [--verbose]
+// orbelan-server serve --db FILE [--listen ADDR] [--port N] [--verbose] [limits]
 class ServeCommand {
 public:
     static constexpr quint16 kDefaultPort = 10010;

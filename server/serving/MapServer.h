@@ -1,42 +1,99 @@
 #pragma once
 
-#include "storage/MapReader.h"
+#include "serving/Connection.h"
+#include "serving/ConnectionAdmission.h"
+#include "serving/DeadlineList.h"
+#include "serving/EpollSet.h"
+#include "serving/ListeningSocket.h"
 #include "serving/RequestHandler.h"
 #include "serving/ServerLog.h"
+#include "serving/ServingLimits.h"
+#include "storage/MapReader.h"
 
 #include <QHostAddress>
 #include <QObject>
+#include <QSocketNotifier>
 #include <QString>
-#include <QTcpServer>
+#include <QTimer>
 
 #include <chrono>
 #include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+#include <unordered_map>
 
 namespace orbelan::server {
 
-// Listens for clients and gives each connection its own session; all of
-// them are served from the one event loop.
+// Listens for clients and serves every connection from one epoll set, which
+// Qt's event loop watches through a single notifier: a wake-up costs the
+// same with ten idle connections or ten thousand. Connections are admitted
+// within the caps of the limits, closed when idle or stuck in a request, and
+// the replies waiting to be sent stay within a budget. Requests are answered
+// a few per connection at a time, so that one client's long burst does not
+// hold up the others.
 class MapServer : public QObject {
     Q_OBJECT
 
 public:
-    MapServer(MapReader& reader, ServerLog& log, QObject* parent = nullptr);
+    MapServer(MapReader& reader, ServerLog& log, const ServingLimits& limits = {},
+              QObject* parent = nullptr);
+    ~MapServer() override;
 
     // False, with errorString() telling why, when the address cannot be bound.
     bool listen(const QHostAddress& address, quint16 port);
-    quint16 port() const { return server_.serverPort(); }
-    QString errorString() const { return server_.errorString(); }
+    quint16 port() const { return listener_.port(); }
+    QString errorString() const { return QString::fromStdString(listener_.errorString()); }
     // Stops accepting, gives the replies being written until the deadline to
     // leave, and closes every connection. Returns how many were open.
     int shutDown(std::chrono::milliseconds deadline);
 
 private:
+    // A connection and what the server keeps track of for it.
+    struct Client {
+        std::unique_ptr<Connection> connection;
+        std::string address;
+        std::uint32_t events = 0;
+        std::size_t countedUnsent = 0;
+        bool inBacklog = false;
+    };
+
+    void serveReady();
     void acceptConnections();
+    void admit(const ListeningSocket::Arrival& arrival);
+    void serve(Client& client, std::uint32_t events);
+    void takeTurns();
+    // After work on a connection: closes it when it has finished, else
+    // updates what to wait for, its timeouts, the unsent total and the
+    // backlog of requests to answer.
+    void settle(Client& client);
+    void close(std::uint64_t number, const std::string& why);
+    void closeExpired();
+    void keepUnsentWithinBudget();
+    void pauseAccepting();
+    void resumeAccepting();
 
     RequestHandler handler_;
     ServerLog& log_;
-    QTcpServer server_;
+    ServingLimits limits_;
+    EpollSet epoll_;
+    ListeningSocket listener_;
+    std::unique_ptr<QSocketNotifier> notifier_;
+    // Once a second: the timeouts, and accepting again after running out of
+    // descriptors.
+    QTimer clock_;
+    // Runs while connections have requests read and not answered.
+    QTimer turns_;
+    std::unordered_map<std::uint64_t, Client> clients_;
+    ConnectionAdmission admission_;
+    DeadlineList idle_;
+    DeadlineList unfinished_;
+    std::deque<std::uint64_t> backlog_;
+    std::size_t unsent_ = 0;
     std::uint64_t connections_ = 0;
+    bool acceptingPaused_ = false;
+    // Running out was logged, and no connection has been accepted since.
+    bool outOfDescriptors_ = false;
 };
 
 } // namespace orbelan::server

@@ -1,0 +1,192 @@
+#include "serving/Connection.h"
+
+#include <array>
+#include <cerrno>
+#include <climits>
+#include <memory>
+
+#include <sys/epoll.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace orbelan::server {
+
+namespace {
+
+// Replies handed to the socket in one call.
+constexpr std::size_t kPartsPerWrite = 64;
+
+} // namespace
+
+Connection::Connection(int fd, std::uint64_t number, const std::string& peer,
+                       RequestHandler& handler, ServerLog& log, std::size_t unsentLimit)
+    : fd_(fd),
+      number_(number),
+      handler_(handler),
+      log_(log),
+      unsentLimit_(unsentLimit),
+      lastActivity_(Clock::now())
+{
+    log_.line(prefix() + "opened from " + peer);
+}
+
+Connection::~Connection()
+{
+    ::close(fd_);
+}
+
+void Connection::receive()
+{
+    std::array<std::uint8_t, kReadChunk> chunk;
+    const ssize_t count = ::recv(fd_, chunk.data(), chunk.size(), 0);
+    if (count > 0) {
+        lastActivity_ = Clock::now();
+        take({chunk.data(), static_cast<std::size_t>(count)});
+    } else if (count == 0) {
+        readingDone_ = true;
+    } else if (errno != EAGAIN && errno != EWOULDBLOCK && errno != EINTR) {
+        broken_ = true;
+    }
+}
+
+void Connection::take(std::span<const std::uint8_t> bytes)
+{
+    const Arrival arrival = framer_.feed(bytes);
+    for (std::size_t i = 0; i < arrival.messages.size(); ++i) {
+        requests_.emplace_back(arrival.messages[i].begin(), arrival.messages[i].end());
+    }
+    if (arrival.droppedBytes > 0) {
+        readingDone_ = true;
+        log_.line(prefix() + "dropped " + std::to_string(arrival.droppedBytes) +
+                  " bytes that are not a request (bad signature or length); closing");
+    }
+    if (!framer_.receiving()) {
+        requestStarted_.reset();
+    } else if (!requestStarted_) {
+        requestStarted_ = lastActivity_;
+    }
+}
+
+void Connection::answer(std::size_t count)
+{
+    for (; count > 0 && !requests_.empty() && unsent_ <= unsentLimit_; --count) {
+        const std::vector<std::uint8_t> request = std::move(requests_.front());
+        requests_.pop_front();
+        answerOne(request);
+    }
+}
+
+void Connection::answerOne(std::span<const std::uint8_t> request)
+{
+    DWBUffer message(request);
+    // The framer trusts the length of a message that follows another in the
+    // same read; the server also wants its signature.
+    if (!message.IsHeaderCorrect()) {
+        log_.line(prefix() + "a request without its signature; closing");
+        stop();
+        return;
+    }
+    HandlerOutcome outcome = handler_.handle(state_, message);
+    if (outcome.notable) {
+        log_.line(prefix() + outcome.note);
+    } else {
+        log_.detail(prefix() + outcome.note);
+    }
+    switch (outcome.action) {
+    case HandlerOutcome::Action::Reply:
+        queue(std::make_shared<const std::vector<std::uint8_t>>(outcome.reply.buffer()));
+        break;
+    case HandlerOutcome::Action::Drop:
+        break;
+    case HandlerOutcome::Action::Close:
+        stop();
+        break;
+    }
+}
+
+void Connection::queue(SharedReply reply)
+{
+    if (reply->empty()) {
+        return;
+    }
+    unsent_ += reply->size();
+    replies_.push_back({std::move(reply), 0});
+}
+
+void Connection::send()
+{
+    while (!replies_.empty() && !broken_) {
+        std::array<iovec, kPartsPerWrite> parts;
+        const std::size_t used = gatherUnsent(parts.data(), parts.size());
+        msghdr message{};
+        message.msg_iov = parts.data();
+        message.msg_iovlen = used;
+        const ssize_t written = ::sendmsg(fd_, &message, MSG_NOSIGNAL | MSG_DONTWAIT);
+        if (written < 0) {
+            broken_ = errno != EAGAIN && errno != EWOULDBLOCK && errno != EINTR;
+            return;
+        }
+        lastActivity_ = Clock::now();
+        advance(static_cast<std::size_t>(written));
+    }
+}
+
+std::size_t Connection::gatherUnsent(iovec* parts, std::size_t capacity) const
+{
+    std::size_t used = 0;
+    for (auto pending = replies_.begin(); pending != replies_.end() && used < capacity;
+         ++pending, ++used) {
+        // The socket calls take the bytes as writable, but only read them.
+        parts[used].iov_base = const_cast<std::uint8_t*>(pending->bytes->data() + pending->sent);
+        parts[used].iov_len = pending->bytes->size() - pending->sent;
+    }
+    return used;
+}
+
+void Connection::advance(std::size_t written)
+{
+    unsent_ -= written;
+    while (written > 0) {
+        Pending& front = replies_.front();
+        const std::size_t left = front.bytes->size() - front.sent;
+        if (written < left) {
+            front.sent += written;
+            return;
+        }
+        written -= left;
+        replies_.pop_front();
+    }
+}
+
+void Connection::stop()
+{
+    readingDone_ = true;
+    requests_.clear();
+}
+
+std::uint32_t Connection::events() const
+{
+    if (broken_) {
+        return 0;
+    }
+    std::uint32_t events = 0;
+    if (!readingDone_ && requests_.empty() && unsent_ <= unsentLimit_) {
+        events |= EPOLLIN;
+    }
+    if (!replies_.empty()) {
+        events |= EPOLLOUT;
+    }
+    return events;
+}
+
+bool Connection::finished() const
+{
+    return broken_ || (readingDone_ && requests_.empty() && replies_.empty());
+}
+
+std::string Connection::prefix() const
+{
+    return "connection " + std::to_string(number_) + ": ";
+}
+
+} // namespace orbelan::server
