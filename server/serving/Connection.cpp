@@ -60,7 +60,7 @@ void Connection::take(std::span<const std::uint8_t> bytes)
         log_.line(prefix() + "dropped " + std::to_string(arrival.droppedBytes) +
                   " bytes that are not a request (bad signature or length); closing");
     }
-    if (!framer_.receiving()) {
+    if (framer_.pendingBytes() == 0) {
         requestStarted_.reset();
     } else if (!requestStarted_) {
         requestStarted_ = lastActivity_;

@@ -19,6 +19,8 @@ constexpr std::size_t kRequestsPerTurn = 32;
 // Connections accepted at one wake-up, so that a flood of them does not hold
 // up the clients already served.
 constexpr int kAcceptsPerWake = 64;
+// How often running out of descriptors is logged at most.
+constexpr std::chrono::minutes kOutOfDescriptorsQuiet{1};
 
 std::string seconds(std::chrono::seconds duration)
 {
@@ -236,8 +238,11 @@ void MapServer::pauseAccepting()
         epoll_.remove(listener_.descriptor());
         acceptingPaused_ = true;
     }
-    if (!outOfDescriptors_) {
+    const auto now = DeadlineList::Clock::now();
+    if (!outOfDescriptors_ &&
+        (!loggedOutOfDescriptors_ || now - *loggedOutOfDescriptors_ >= kOutOfDescriptorsQuiet)) {
         outOfDescriptors_ = true;
+        loggedOutOfDescriptors_ = now;
         log_.line("out of file descriptors with " + std::to_string(admission_.open()) +
                   " connections open: not accepting until one is free");
     }

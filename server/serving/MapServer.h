@@ -20,6 +20,7 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 
@@ -94,6 +95,9 @@ private:
     bool acceptingPaused_ = false;
     // Running out was logged, and no connection has been accepted since.
     bool outOfDescriptors_ = false;
+    // When running out was last logged: a server that runs out again and
+    // again says so at most once a minute.
+    std::optional<DeadlineList::Clock::time_point> loggedOutOfDescriptors_;
 };
 
 } // namespace orbelan::server
