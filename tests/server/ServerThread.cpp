@@ -39,8 +39,9 @@ private:
 
 } // namespace
 
-ServerThread::ServerThread(QString databasePath)
-    : databasePath_(std::move(databasePath))
+ServerThread::ServerThread(QString databasePath, const ServingLimits& limits)
+    : databasePath_(std::move(databasePath)),
+      limits_(limits)
 {
 }
 
@@ -73,7 +74,7 @@ void ServerThread::run()
         Database database(databasePath_);
         MapReader reader(database);
         ServerLog log(out, true);
-        MapServer server(reader, log);
+        MapServer server(reader, log, limits_);
         if (!server.listen(QHostAddress::LocalHost, 0)) {
             return;
         }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "serving/ServingLimits.h"
+
 #include <QString>
 #include <QThread>
 
@@ -12,7 +14,8 @@
 // thread of its own, so that tests may wait on their sockets blocking.
 class ServerThread : public QThread {
 public:
-    explicit ServerThread(QString databasePath);
+    explicit ServerThread(QString databasePath,
+                          const orbelan::server::ServingLimits& limits = {});
     ~ServerThread() override;
 
     // Starts the thread and waits until the server listens.
@@ -25,6 +28,7 @@ protected:
 
 private:
     QString databasePath_;
+    orbelan::server::ServingLimits limits_;
     std::atomic<quint16> port_{0};
     std::mutex logMutex_;
     std::ostringstream log_;

@@ -2,6 +2,8 @@
 
 #include <QHostAddress>
 
+#include <sys/socket.h>
+
 namespace {
 
 constexpr int kWaitMs = 5000;
@@ -10,6 +12,18 @@ constexpr int kWaitMs = 5000;
 
 WireClient::WireClient(quint16 port)
 {
+    socket_.connectToHost(QHostAddress::LocalHost, port);
+    socket_.waitForConnected(kWaitMs);
+}
+
+WireClient::WireClient(quint16 port, const QHostAddress& from, int receiveBuffer)
+{
+    socket_.bind(from);
+    if (receiveBuffer > 0) {
+        // Before connecting, so that the window the client offers stays small.
+        setsockopt(static_cast<int>(socket_.socketDescriptor()), SOL_SOCKET, SO_RCVBUF,
+                   &receiveBuffer, sizeof receiveBuffer);
+    }
     socket_.connectToHost(QHostAddress::LocalHost, port);
     socket_.waitForConnected(kWaitMs);
 }

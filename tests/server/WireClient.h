@@ -4,6 +4,7 @@
 #include "protocol/MessageFramer.h"
 #include "protocol/messages/MessageIO.h"
 
+#include <QHostAddress>
 #include <QTcpSocket>
 
 #include <cstdint>
@@ -15,6 +16,9 @@
 class WireClient {
 public:
     explicit WireClient(quint16 port);
+    // Connects from the given loopback address; a receive buffer above 0
+    // makes the socket take few replies before the server has to keep them.
+    WireClient(quint16 port, const QHostAddress& from, int receiveBuffer = 0);
 
     void sendBytes(const std::vector<std::uint8_t>& bytes);
     template <typename Message>
