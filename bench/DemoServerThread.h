@@ -34,8 +34,9 @@ struct DemoStore {
 // The server over a demo store, in a thread of its own.
 class ServerUnderLoad : public QThread {
 public:
-    explicit ServerUnderLoad(QString path)
-        : path_(std::move(path))
+    explicit ServerUnderLoad(QString path, const server::ServingLimits& limits = {})
+        : path_(std::move(path)),
+          limits_(limits)
     {
     }
     ~ServerUnderLoad() override
@@ -59,7 +60,7 @@ protected:
         server::MapReader reader(database);
         std::ostringstream quiet;
         server::ServerLog log(quiet, false);
-        server::MapServer mapServer(reader, log);
+        server::MapServer mapServer(reader, log, limits_);
         if (mapServer.listen(QHostAddress::LocalHost, 0)) {
             port_ = mapServer.port();
             exec();
@@ -68,6 +69,7 @@ protected:
 
 private:
     QString path_;
+    server::ServingLimits limits_;
     std::atomic<quint16> port_{0};
 };
 
