@@ -83,7 +83,7 @@ void ClientSession::answer(std::span<const std::uint8_t> request)
     }
     switch (outcome.action) {
     case HandlerOutcome::Action::Reply: {
-        const auto bytes = outcome.reply.bytes();
+        const auto& bytes = *outcome.reply;
         socket_->write(reinterpret_cast<const char*>(bytes.data()),
                        static_cast<qint64>(bytes.size()));
         break;
