@@ -209,12 +209,18 @@ HandlerOutcome RequestHandler::cellGeometry(SessionState& session, DWBUffer& mes
             remarks.notable};
 }
 
+// Cells outside the grid hold nothing and are not cached, so that a client
+// asking for one distinct far-away cell after another cannot crowd out the
+// cells that are drawn.
 SharedReply RequestHandler::cellReply(std::int32_t layer, std::int32_t row, std::int32_t column,
                                       std::size_t& elements)
 {
     if (const CellReplyCache::Entry* cached = cells_.find(layer, row, column)) {
         elements = cached->elements;
         return cached->reply;
+    }
+    if (!gridOf(layer).holds(row, column)) {
+        return nullptr;
     }
     messages::CellGeometry geometry = cellOf(layer, row, column);
     geometry.elements = reader_.cellElements(layer, row, column);
@@ -223,6 +229,15 @@ SharedReply RequestHandler::cellReply(std::int32_t layer, std::int32_t row, std:
     SharedReply reply = shareMessage(geometry);
     cells_.store(layer, row, column, {reply, elements});
     return reply;
+}
+
+const MapReader::GridBounds& RequestHandler::gridOf(std::int32_t layer)
+{
+    auto known = grids_.find(layer);
+    if (known == grids_.end()) {
+        known = grids_.emplace(layer, reader_.gridBounds(layer)).first;
+    }
+    return known->second;
 }
 
 HandlerOutcome RequestHandler::cellValues(SessionState& session, DWBUffer& message)

@@ -27,6 +27,8 @@ public:
                             std::size_t cacheBudget = CellReplyCache::kDefaultBudget);
 
     HandlerOutcome handle(SessionState& session, DWBUffer& message);
+    // The memory the cached cell replies take, as the cache counts it.
+    std::size_t cachedBytes() const { return cells_.bytes(); }
 
     // What went amiss while answering, for the log.
     struct Remarks {
@@ -51,9 +53,11 @@ private:
     std::int16_t levelOf(SessionState& session, std::int32_t layer);
     // Nothing for an unknown map.
     SharedReply definitionReply(std::int32_t map);
-    // The cell's reply from the cache, or built from the store and cached.
+    // The cell's reply from the cache, or built from the store and cached;
+    // nothing for a cell outside the layer's grid.
     SharedReply cellReply(std::int32_t layer, std::int32_t row, std::int32_t column,
                           std::size_t& elements);
+    const MapReader::GridBounds& gridOf(std::int32_t layer);
     // Runs a store read that fills a reply; a store failure leaves the reply
     // as it was (empty) and is noted.
     void fill(Remarks& remarks, const std::function<void()>& read);
@@ -63,6 +67,9 @@ private:
     // Map definition replies already built, by map code (the definitions do
     // not change while the server runs).
     std::unordered_map<std::int32_t, SharedReply> definitions_;
+    // The grid of each layer some user may see, by layer id (so no more
+    // entries than the store has layers).
+    std::unordered_map<std::int32_t, MapReader::GridBounds> grids_;
 };
 
 } // namespace orbelan::server

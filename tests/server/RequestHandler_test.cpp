@@ -70,8 +70,9 @@ TEST(RequestHandler, ALevelIsRememberedOnlyForALayerTheUserMaySee)
     EXPECT_EQ(session.levels.size(), 1u);
 }
 
-// The same cached buffer goes to every request for a cell.
-TEST(RequestHandler, SharesCachedCellReplies)
+// The same cached buffer goes to every request for a cell of the grid; a
+// cell outside it is answered empty and leaves the cache as it was.
+TEST(RequestHandler, SharesCachedCellRepliesAndCachesOnlyCellsOfTheGrid)
 {
     SampleStore store;
     MapReader reader(store.database());
@@ -84,6 +85,11 @@ TEST(RequestHandler, SharesCachedCellReplies)
     };
     const SharedReply first = ask(5655, 10935);
     EXPECT_EQ(ask(5655, 10935), first);
+    const std::size_t cached = handler.cachedBytes();
+    DWBUffer outside(*ask(5655, -10935));
+    messages::readHeader(outside);
+    EXPECT_TRUE(messages::CellGeometry::decode(outside).elements.empty());
+    EXPECT_EQ(handler.cachedBytes(), cached);
 }
 
 } // namespace
