@@ -109,9 +109,10 @@ struct Store {
 
 Store* store = nullptr;
 
-void checkReply(std::int16_t request, const DWBUffer& reply)
+void checkReply(std::int16_t request, const SharedReply& reply)
 {
-    DWBUffer message(reply.bytes());
+    check(reply != nullptr);
+    DWBUffer message(*reply);
     check(message.getLength() == message.TamanoBuffer());
     check(codeNumber(messages::readHeader(message)) == request + 100);
 }

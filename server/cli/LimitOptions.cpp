@@ -21,6 +21,17 @@ QString number(std::int64_t value)
     return QString::number(value);
 }
 
+QString mebibytes(std::size_t bytes)
+{
+    return number(static_cast<std::int64_t>(bytes) / kMebibyte);
+}
+
+std::size_t budgetOf(const QCommandLineParser& parser, const QString& name)
+{
+    return static_cast<std::size_t>(OptionValues::integer(parser, name, 1, kLargestBudget) *
+                                    kMebibyte);
+}
+
 std::chrono::seconds secondsOf(const QCommandLineParser& parser, const QString& name)
 {
     return std::chrono::seconds(OptionValues::integer(parser, name, 1, kLongestTimeout));
@@ -51,8 +62,12 @@ void LimitOptions::add(QCommandLineParser& parser)
         {QStringLiteral("unsent-budget"),
          QStringLiteral("MiB of replies waiting to be sent, all connections together "
                         "(default %1).")
-             .arg(static_cast<std::int64_t>(kDefaults.unsentBudget) / kMebibyte),
-         QStringLiteral("MIB"), number(static_cast<std::int64_t>(kDefaults.unsentBudget) / kMebibyte)},
+             .arg(mebibytes(kDefaults.unsentBudget)),
+         QStringLiteral("MIB"), mebibytes(kDefaults.unsentBudget)},
+        {QStringLiteral("cache-budget"),
+         QStringLiteral("MiB of cell replies kept once built (default %1).")
+             .arg(mebibytes(kDefaults.cacheBudget)),
+         QStringLiteral("MIB"), mebibytes(kDefaults.cacheBudget)},
     });
 }
 
@@ -65,9 +80,8 @@ ServingLimits LimitOptions::read(const QCommandLineParser& parser)
         parser, QStringLiteral("max-connections-per-address"), 1, 1'000'000));
     limits.idleTimeout = secondsOf(parser, QStringLiteral("idle-timeout"));
     limits.requestTimeout = secondsOf(parser, QStringLiteral("request-timeout"));
-    limits.unsentBudget = static_cast<std::size_t>(
-        OptionValues::integer(parser, QStringLiteral("unsent-budget"), 1, kLargestBudget) *
-        kMebibyte);
+    limits.unsentBudget = budgetOf(parser, QStringLiteral("unsent-budget"));
+    limits.cacheBudget = budgetOf(parser, QStringLiteral("cache-budget"));
     return limits;
 }
 

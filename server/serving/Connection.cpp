@@ -3,7 +3,6 @@
 #include <array>
 #include <cerrno>
 #include <climits>
-#include <memory>
 
 #include <sys/epoll.h>
 #include <sys/socket.h>
@@ -94,7 +93,7 @@ void Connection::answerOne(std::span<const std::uint8_t> request)
     }
     switch (outcome.action) {
     case HandlerOutcome::Action::Reply:
-        queue(std::make_shared<const std::vector<std::uint8_t>>(outcome.reply.buffer()));
+        queue(std::move(outcome.reply));
         break;
     case HandlerOutcome::Action::Drop:
         break;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "protocol/DWBUffer.h"
+#include "serving/SharedReply.h"
 
 #include <string>
 
@@ -12,7 +12,8 @@ struct HandlerOutcome {
     enum class Action { Reply, Drop, Close };
 
     Action action = Action::Drop;
-    DWBUffer reply;
+    // Set exactly when the action is Reply.
+    SharedReply reply;
     std::string note;
     // The note belongs in the log even when it is not verbose (a refused or
     // malformed request).

@@ -37,7 +37,7 @@ std::string mebibytes(std::size_t bytes)
 MapServer::MapServer(MapReader& reader, ServerLog& log, const ServingLimits& limits,
                      QObject* parent)
     : QObject(parent),
-      handler_(reader),
+      handler_(reader, limits.cacheBudget),
       log_(log),
       limits_(limits),
       admission_(limits.connections, limits.connectionsPerAddress)

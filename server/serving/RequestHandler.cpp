@@ -17,6 +17,9 @@
 
 #include <QString>
 
+#include <memory>
+#include <vector>
+
 namespace orbelan::server {
 
 namespace {
@@ -24,16 +27,30 @@ namespace {
 using Action = HandlerOutcome::Action;
 
 template <typename Message>
+SharedReply shareMessage(const Message& message)
+{
+    return std::make_shared<std::vector<std::uint8_t>>(messages::buildMessage(message).buffer());
+}
+
+template <typename Message>
 HandlerOutcome replyWith(const Message& message, const std::string& summary,
                          const RequestHandler::Remarks& remarks)
 {
-    return {Action::Reply, messages::buildMessage(message), summary + remarks.text,
-            remarks.notable};
+    return {Action::Reply, shareMessage(message), summary + remarks.text, remarks.notable};
 }
 
 HandlerOutcome refuse(Action action, std::string note)
 {
-    return {action, DWBUffer(), std::move(note), true};
+    return {action, nullptr, std::move(note), true};
+}
+
+messages::CellGeometry cellOf(std::int32_t layer, std::int32_t row, std::int32_t column)
+{
+    messages::CellGeometry cell;
+    cell.layer = layer;
+    cell.row = row;
+    cell.column = column;
+    return cell;
 }
 
 std::string commandName(std::int16_t code)
@@ -51,8 +68,9 @@ std::string cellText(std::int32_t layer, std::int32_t row, std::int32_t column)
 
 } // namespace
 
-RequestHandler::RequestHandler(MapReader& reader)
-    : reader_(reader)
+RequestHandler::RequestHandler(MapReader& reader, std::size_t cacheBudget)
+    : reader_(reader),
+      cells_(cacheBudget)
 {
 }
 
@@ -125,7 +143,7 @@ HandlerOutcome RequestHandler::mapDefinition(const SessionState& session, DWBUff
 {
     const auto request = messages::MapDefinitionRequest::decode(message);
     Remarks remarks;
-    DWBUffer reply;
+    SharedReply reply;
     fill(remarks, [&] {
         if (!reader_.mayOpen(session.user, request.map)) {
             remarks.add("; not open to this user");
@@ -133,24 +151,25 @@ HandlerOutcome RequestHandler::mapDefinition(const SessionState& session, DWBUff
         }
         reply = definitionReply(request.map);
     });
-    if (reply.TamanoBuffer() == 0) {
-        reply = messages::buildMessage(messages::MapDefinition{});
+    if (!reply) {
+        reply = shareMessage(messages::MapDefinition{});
     }
     return {Action::Reply, std::move(reply),
             "definition of map " + std::to_string(request.map) + remarks.text, remarks.notable};
 }
 
-// Built once per map; an unknown map gets an empty definition, not cached.
-DWBUffer RequestHandler::definitionReply(std::int32_t map)
+// Built once per map.
+SharedReply RequestHandler::definitionReply(std::int32_t map)
 {
     if (const auto cached = definitions_.find(map); cached != definitions_.end()) {
-        return DWBUffer(cached->second);
+        return cached->second;
     }
     const auto definition = reader_.mapDefinition(map);
-    DWBUffer reply = messages::buildMessage(definition.value_or(messages::MapDefinition{}));
-    if (definition) {
-        definitions_.emplace(map, reply.buffer());
+    if (!definition) {
+        return nullptr;
     }
+    SharedReply reply = shareMessage(*definition);
+    definitions_.emplace(map, reply);
     return reply;
 }
 
@@ -173,7 +192,7 @@ HandlerOutcome RequestHandler::cellGeometry(SessionState& session, DWBUffer& mes
     const auto request = messages::CellGeometryRequest::decode(message);
     Remarks remarks;
     std::size_t elements = 0;
-    DWBUffer reply;
+    SharedReply reply;
     fill(remarks, [&] {
         if (levelOf(session, request.layer) == 0) {
             remarks.add("; no access to the layer");
@@ -181,12 +200,8 @@ HandlerOutcome RequestHandler::cellGeometry(SessionState& session, DWBUffer& mes
         }
         reply = cellReply(request.layer, request.row, request.column, elements);
     });
-    if (reply.TamanoBuffer() == 0) {
-        messages::CellGeometry empty;
-        empty.layer = request.layer;
-        empty.row = request.row;
-        empty.column = request.column;
-        reply = messages::buildMessage(empty);
+    if (!reply) {
+        reply = shareMessage(cellOf(request.layer, request.row, request.column));
     }
     return {Action::Reply, std::move(reply),
             "geometry of " + cellText(request.layer, request.row, request.column) + ": " +
@@ -194,23 +209,35 @@ HandlerOutcome RequestHandler::cellGeometry(SessionState& session, DWBUffer& mes
             remarks.notable};
 }
 
-DWBUffer RequestHandler::cellReply(std::int32_t layer, std::int32_t row, std::int32_t column,
-                                   std::size_t& elements)
+// Cells outside the grid hold nothing and are not cached, so that a client
+// asking for one distinct far-away cell after another cannot crowd out the
+// cells that are drawn.
+SharedReply RequestHandler::cellReply(std::int32_t layer, std::int32_t row, std::int32_t column,
+                                      std::size_t& elements)
 {
     if (const CellReplyCache::Entry* cached = cells_.find(layer, row, column)) {
         elements = cached->elements;
-        return DWBUffer(cached->reply);
+        return cached->reply;
     }
-    messages::CellGeometry geometry;
-    geometry.layer = layer;
-    geometry.row = row;
-    geometry.column = column;
+    if (!gridOf(layer).holds(row, column)) {
+        return nullptr;
+    }
+    messages::CellGeometry geometry = cellOf(layer, row, column);
     geometry.elements = reader_.cellElements(layer, row, column);
     geometry.chooseCoordinates();
     elements = geometry.elements.size();
-    DWBUffer reply = messages::buildMessage(geometry);
-    cells_.store(layer, row, column, {reply.buffer(), elements});
+    SharedReply reply = shareMessage(geometry);
+    cells_.store(layer, row, column, {reply, elements});
     return reply;
+}
+
+const MapReader::GridBounds& RequestHandler::gridOf(std::int32_t layer)
+{
+    auto known = grids_.find(layer);
+    if (known == grids_.end()) {
+        known = grids_.emplace(layer, reader_.gridBounds(layer)).first;
+    }
+    return known->second;
 }
 
 HandlerOutcome RequestHandler::cellValues(SessionState& session, DWBUffer& message)

@@ -3,14 +3,14 @@
 #include "serving/CellReplyCache.h"
 #include "protocol/DWBUffer.h"
 #include "serving/HandlerOutcome.h"
-#include "storage/MapReader.h"
 #include "serving/SessionState.h"
+#include "serving/SharedReply.h"
+#include "storage/MapReader.h"
 
 #include <cstdint>
 #include <functional>
 #include <string>
 #include <unordered_map>
-#include <vector>
 
 namespace orbelan::server {
 
@@ -23,9 +23,12 @@ namespace orbelan::server {
 // not answer, is dropped.
 class RequestHandler {
 public:
-    explicit RequestHandler(MapReader& reader);
+    explicit RequestHandler(MapReader& reader,
+                            std::size_t cacheBudget = CellReplyCache::kDefaultBudget);
 
     HandlerOutcome handle(SessionState& session, DWBUffer& message);
+    // The memory the cached cell replies take, as the cache counts it.
+    std::size_t cachedBytes() const { return cells_.bytes(); }
 
     // What went amiss while answering, for the log.
     struct Remarks {
@@ -48,10 +51,13 @@ private:
     HandlerOutcome elementBox(SessionState& session, DWBUffer& message);
     // The connection's user's level on the layer, remembered per connection.
     std::int16_t levelOf(SessionState& session, std::int32_t layer);
-    DWBUffer definitionReply(std::int32_t map);
-    // The cell's reply from the cache, or built from the store and cached.
-    DWBUffer cellReply(std::int32_t layer, std::int32_t row, std::int32_t column,
-                       std::size_t& elements);
+    // Nothing for an unknown map.
+    SharedReply definitionReply(std::int32_t map);
+    // The cell's reply from the cache, or built from the store and cached;
+    // nothing for a cell outside the layer's grid.
+    SharedReply cellReply(std::int32_t layer, std::int32_t row, std::int32_t column,
+                          std::size_t& elements);
+    const MapReader::GridBounds& gridOf(std::int32_t layer);
     // Runs a store read that fills a reply; a store failure leaves the reply
     // as it was (empty) and is noted.
     void fill(Remarks& remarks, const std::function<void()>& read);
@@ -60,7 +66,10 @@ private:
     CellReplyCache cells_;
     // Map definition replies already built, by map code (the definitions do
     // not change while the server runs).
-    std::unordered_map<std::int32_t, std::vector<std::uint8_t>> definitions_;
+    std::unordered_map<std::int32_t, SharedReply> definitions_;
+    // The grid of each layer some user may see, by layer id (so no more
+    // entries than the store has layers).
+    std::unordered_map<std::int32_t, MapReader::GridBounds> grids_;
 };
 
 } // namespace orbelan::server

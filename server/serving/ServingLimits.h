@@ -1,5 +1,7 @@
 #pragma once
 
+#include "serving/CellReplyCache.h"
+
 #include <chrono>
 #include <cstddef>
 
@@ -21,6 +23,8 @@ struct ServingLimits {
     // Replies waiting to be sent above which a connection reads no further
     // request until its client takes some.
     std::size_t unsentPerConnection = 4u * 1024 * 1024;
+    // Cell replies kept once built, counted at the memory they take.
+    std::size_t cacheBudget = CellReplyCache::kDefaultBudget;
 };
 
 } // namespace orbelan::server

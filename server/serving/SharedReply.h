@@ -6,8 +6,8 @@
 
 namespace orbelan::server {
 
-// The bytes of a reply, built once and shared by every connection that sends
-// it: a reply kept in a cache is never copied per connection.
+// The bytes of one whole reply, built once and never changed: the cache and
+// every connection that sends it hold the same buffer.
 using SharedReply = std::shared_ptr<const std::vector<std::uint8_t>>;
 
 } // namespace orbelan::server

@@ -131,22 +131,26 @@ messages::LayerRecord MapReader::layerFrom(const QSqlQuery& row)
 }
 
 // The client clamps rows with the first and third bound and columns with the
-// second and fourth. A layer without elements gets an empty row range.
+// second and fourth.
 void MapReader::readGridBounds(messages::LayerRecord& layer)
 {
-    Database::runWith(gridBounds_, {layer.id});
+    const GridBounds bounds = gridBounds(layer.id);
+    layer.minCol = bounds.minRow;
+    layer.maxCol = bounds.maxRow;
+    layer.minRow = bounds.minColumn;
+    layer.maxRow = bounds.maxColumn;
+}
+
+MapReader::GridBounds MapReader::gridBounds(std::int32_t layer)
+{
+    Database::runWith(gridBounds_, {layer});
+    GridBounds bounds;
     if (gridBounds_.next() && !gridBounds_.value(0).isNull()) {
-        layer.minCol = longAt(gridBounds_, 0);
-        layer.maxCol = longAt(gridBounds_, 1);
-        layer.minRow = longAt(gridBounds_, 2);
-        layer.maxRow = longAt(gridBounds_, 3);
-    } else {
-        layer.minCol = 0;
-        layer.maxCol = -1;
-        layer.minRow = 0;
-        layer.maxRow = -1;
+        bounds = {longAt(gridBounds_, 0), longAt(gridBounds_, 1), longAt(gridBounds_, 2),
+                  longAt(gridBounds_, 3)};
     }
     gridBounds_.finish();
+    return bounds;
 }
 
 void MapReader::readFields(messages::LayerRecord& layer)

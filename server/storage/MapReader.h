@@ -24,6 +24,20 @@ using CellValue = std::pair<std::int32_t, std::string>;
 // statements are prepared once and bound for every request.
 class MapReader {
 public:
+    // The lowest and highest row and column of the cells that hold a layer's
+    // elements; an empty range for a layer without any.
+    struct GridBounds {
+        std::int32_t minRow = 0;
+        std::int32_t maxRow = -1;
+        std::int32_t minColumn = 0;
+        std::int32_t maxColumn = -1;
+
+        bool holds(std::int32_t row, std::int32_t column) const
+        {
+            return row >= minRow && row <= maxRow && column >= minColumn && column <= maxColumn;
+        }
+    };
+
     explicit MapReader(Database& database);
 
     // The user exists and has been given access to the map.
@@ -35,6 +49,7 @@ public:
     // The user's level on the layer; 0 when the layer is not one of the map's
     // or the user has been given no level.
     std::int16_t layerLevel(std::int32_t user, std::int32_t map, std::int32_t layer);
+    GridBounds gridBounds(std::int32_t layer);
     // The elements filed in the cell, by id.
     std::vector<messages::CellElement> cellElements(std::int32_t layer, std::int32_t row,
                                                     std::int32_t column);

@@ -50,7 +50,7 @@ TEST(RequestHandler, RandomPayloadsNeverEscapeTheHandler)
     DWBUffer request = messages::buildMessage(messages::CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
     const HandlerOutcome outcome = handler.handle(session, request);
     ASSERT_EQ(outcome.action, HandlerOutcome::Action::Reply);
-    DWBUffer reply(outcome.reply.bytes());
+    DWBUffer reply(*outcome.reply);
     messages::readHeader(reply);
     EXPECT_EQ(messages::CellGeometry::decode(reply).elements.size(), 3u);
 }
@@ -68,6 +68,28 @@ TEST(RequestHandler, ALevelIsRememberedOnlyForALayerTheUserMaySee)
     DWBUffer streets = messages::buildMessage(messages::CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
     handler.handle(session, streets);
     EXPECT_EQ(session.levels.size(), 1u);
+}
+
+// The same cached buffer goes to every request for a cell of the grid; a
+// cell outside it is answered empty and leaves the cache as it was.
+TEST(RequestHandler, SharesCachedCellRepliesAndCachesOnlyCellsOfTheGrid)
+{
+    SampleStore store;
+    MapReader reader(store.database());
+    RequestHandler handler(reader);
+    SessionState session{true, 1, SampleStore::kMap, {}};
+    const auto ask = [&](std::int32_t row, std::int32_t column) {
+        DWBUffer request = messages::buildMessage(
+            messages::CellGeometryRequest{SampleStore::kStreets, row, column});
+        return handler.handle(session, request).reply;
+    };
+    const SharedReply first = ask(5655, 10935);
+    EXPECT_EQ(ask(5655, 10935), first);
+    const std::size_t cached = handler.cachedBytes();
+    DWBUffer outside(*ask(5655, -10935));
+    messages::readHeader(outside);
+    EXPECT_TRUE(messages::CellGeometry::decode(outside).elements.empty());
+    EXPECT_EQ(handler.cachedBytes(), cached);
 }
 
 } // namespace
