@@ -68,14 +68,15 @@ std::string DescriptorAttack::reconnect() const
 std::string DescriptorAttack::descriptorLogLines() const
 {
     const auto lines = server_.logLines();
-    const auto fresh = std::ranges::subrange(lines.begin() + static_cast<std::ptrdiff_t>(std::min(logStart_, lines.size())),
-                                             lines.end());
+    const auto skipped = static_cast<std::ptrdiff_t>(std::min(logStart_, lines.size()));
+    const auto fresh = std::ranges::subrange(lines.begin() + skipped, lines.end());
     const auto count = std::ranges::count_if(fresh, mentionsDescriptors);
     if (count == 0) {
         return "no log line mentions descriptors";
     }
     const auto first = std::ranges::find_if(fresh, mentionsDescriptors);
-    return grouped(static_cast<std::uint64_t>(count)) + " log line(s) mention descriptors, the first: \"" + *first + "\"";
+    return grouped(static_cast<std::uint64_t>(count)) + " log line(s) mention descriptors, the first: \"" + *first +
+           "\"";
 }
 
 std::string DescriptorAttack::observation() const

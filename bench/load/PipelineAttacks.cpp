@@ -71,9 +71,8 @@ std::unique_ptr<PipelineAttack> layerIdsAttack(const sockaddr_in& server)
         throw std::runtime_error("the Santiago map does not open for user 1");
     }
     std::vector<Pipeline> pipelines;
-    pipelines.emplace_back(std::move(connection),
-                           std::make_unique<LayerIdSource>(WellBehavedClient::kUser, kIdsThroughLevels, kIdsThroughCells),
-                           kLevelsInFlight);
+    auto source = std::make_unique<LayerIdSource>(WellBehavedClient::kUser, kIdsThroughLevels, kIdsThroughCells);
+    pipelines.emplace_back(std::move(connection), std::move(source), kLevelsInFlight);
     return std::make_unique<PipelineAttack>(
         grouped(kIdsThroughLevels + kIdsThroughCells) + " distinct unknown layer ids on one connection (" +
             grouped(kIdsThroughLevels) + " in access-levels requests of " + grouped(LayerIdSource::kIdsPerMessage) +
