@@ -125,7 +125,7 @@ HandlerOutcome RequestHandler::access(SessionState& session, DWBUffer& message)
     const auto request = messages::AccessRequest::decode(message);
     Remarks remarks;
     fill(remarks, [&] { session.passed = reader_.mayOpen(request.user, request.map); });
-    session.levels.clear();
+    session.levels.reset();
     session.user = session.passed ? request.user : 0;
     session.map = session.passed ? request.map : 0;
     if (!session.passed) {
@@ -290,17 +290,11 @@ HandlerOutcome RequestHandler::elementBox(SessionState& session, DWBUffer& messa
 
 std::int16_t RequestHandler::levelOf(SessionState& session, std::int32_t layer)
 {
-    const auto known = session.levels.find(layer);
-    if (known != session.levels.end()) {
-        return known->second;
+    if (!session.levels) {
+        session.levels = reader_.layerLevels(session.user, session.map);
     }
-    const std::int16_t level = reader_.layerLevel(session.user, session.map, layer);
-    // Only the layers the user may see are remembered, so that a client
-    // naming layer after unknown layer cannot grow the connection's memory.
-    if (level != 0) {
-        session.levels.emplace(layer, level);
-    }
-    return level;
+    const auto known = session.levels->find(layer);
+    return known == session.levels->end() ? std::int16_t{0} : known->second;
 }
 
 void RequestHandler::fill(Remarks& remarks, const std::function<void()>& read)

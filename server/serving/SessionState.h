@@ -1,18 +1,21 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <unordered_map>
 
 namespace orbelan::server {
 
 // What a connection remembers: whether it has passed the access request, for
-// which user and map, and the user's levels on the visible layers asked about
-// so far (levels given while a connection is open apply to the next connection).
+// which user and map, and the user's levels on the layers of that map, read
+// once when first needed (levels given while a connection is open apply to
+// the next connection). A layer without a level there has level 0, whatever
+// its id, so naming unknown layers costs neither a store read nor memory.
 struct SessionState {
     bool passed = false;
     std::int32_t user = 0;
     std::int32_t map = 0;
-    std::unordered_map<std::int32_t, std::int16_t> levels;
+    std::optional<std::unordered_map<std::int32_t, std::int16_t>> levels;
 };
 
 } // namespace orbelan::server

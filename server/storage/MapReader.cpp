@@ -52,8 +52,8 @@ MapReader::MapReader(Database& database)
           "SELECT min_value, max_value, draw_color, draw_style, draw_width, fill_color, "
           "fill_style FROM thematic_classes WHERE layer_id = ? ORDER BY position"))),
       level_(database.prepare(
-          QStringLiteral("SELECT a.level FROM layers l JOIN layer_access a ON a.layer_id = l.id "
-                         "WHERE a.user_id = ? AND l.id = ? AND l.map_code = ?"))),
+          QStringLiteral("SELECT l.id, a.level FROM layers l JOIN layer_access a ON a.layer_id = l.id "
+                         "WHERE a.user_id = ? AND l.map_code = ? AND a.level <> 0"))),
       cellElements_(database.prepare(QStringLiteral(
           "SELECT e.id, e.vertices FROM cells c JOIN elements e "
           "ON e.layer_id = c.layer_id AND e.id = c.element_id "
@@ -173,12 +173,16 @@ void MapReader::readClasses(messages::LayerRecord& layer)
     classes_.finish();
 }
 
-std::int16_t MapReader::layerLevel(std::int32_t user, std::int32_t map, std::int32_t layer)
+std::unordered_map<std::int32_t, std::int16_t> MapReader::layerLevels(std::int32_t user,
+                                                                      std::int32_t map)
 {
-    Database::runWith(level_, {user, layer, map});
-    const std::int16_t level = level_.next() ? shortAt(level_, 0) : std::int16_t{0};
+    Database::runWith(level_, {user, map});
+    std::unordered_map<std::int32_t, std::int16_t> levels;
+    while (level_.next()) {
+        levels.emplace(level_.value(0).toInt(), shortAt(level_, 1));
+    }
     level_.finish();
-    return level;
+    return levels;
 }
 
 std::vector<messages::CellElement> MapReader::cellElements(std::int32_t layer, std::int32_t row,

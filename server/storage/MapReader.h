@@ -13,6 +13,7 @@
 #include <optional>
 #include <string>
 #include <utility>
+#include <unordered_map>
 #include <vector>
 
 namespace orbelan::server {
@@ -46,9 +47,9 @@ public:
     // after the default one, and grid bounds that span exactly the cells
     // holding data; nothing for an unknown map.
     std::optional<messages::MapDefinition> mapDefinition(std::int32_t map);
-    // The user's level on the layer; 0 when the layer is not one of the map's
-    // or the user has been given no level.
-    std::int16_t layerLevel(std::int32_t user, std::int32_t map, std::int32_t layer);
+    // The user's levels on the layers of the map, by layer id; a layer the
+    // user has been given no level on (or level 0) is left out.
+    std::unordered_map<std::int32_t, std::int16_t> layerLevels(std::int32_t user, std::int32_t map);
     GridBounds gridBounds(std::int32_t layer);
     // The elements filed in the cell, by id.
     std::vector<messages::CellElement> cellElements(std::int32_t layer, std::int32_t row,

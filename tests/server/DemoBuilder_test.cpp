@@ -73,8 +73,8 @@ TEST_F(DemoBuild, UsersDrawViewOrAreRefused)
     EXPECT_TRUE(reader.mayOpen(DemoBuilder::kAdmin, SantiagoGenerator::kMapCode));
     EXPECT_TRUE(reader.mayOpen(DemoBuilder::kViewer, SantiagoGenerator::kMapCode));
     EXPECT_FALSE(reader.mayOpen(DemoBuilder::kGuest, SantiagoGenerator::kMapCode));
-    EXPECT_EQ(reader.layerLevel(DemoBuilder::kAdmin, SantiagoGenerator::kMapCode, SantiagoGenerator::kStreetsLayer), 3);
-    EXPECT_EQ(reader.layerLevel(DemoBuilder::kViewer, SantiagoGenerator::kMapCode, SantiagoGenerator::kPlacesLayer), 1);
+    EXPECT_EQ(reader.layerLevels(DemoBuilder::kAdmin, SantiagoGenerator::kMapCode).at(SantiagoGenerator::kStreetsLayer), 3);
+    EXPECT_EQ(reader.layerLevels(DemoBuilder::kViewer, SantiagoGenerator::kMapCode).at(SantiagoGenerator::kPlacesLayer), 1);
 }
 
 TEST_F(DemoBuild, BuildingAgainGivesTheSameMap)

@@ -97,10 +97,14 @@ TEST_F(MapStore, AccessFollowsGrantsAndTheLayersMap)
     EXPECT_TRUE(reader.mayOpen(2, SampleStore::kMap));
     EXPECT_FALSE(reader.mayOpen(3, SampleStore::kMap));
     EXPECT_FALSE(reader.mayOpen(42, SampleStore::kMap));
-    EXPECT_EQ(reader.layerLevel(1, SampleStore::kMap, SampleStore::kStreets), 3);
-    EXPECT_EQ(reader.layerLevel(2, SampleStore::kMap, SampleStore::kStreets), 1);
-    EXPECT_EQ(reader.layerLevel(2, SampleStore::kMap, SampleStore::kLandmarks), 0);
-    EXPECT_EQ(reader.layerLevel(1, SampleStore::kMap, SampleStore::kOtherLayer), 0);
+    using Levels = std::unordered_map<std::int32_t, std::int16_t>;
+    EXPECT_EQ(reader.layerLevels(1, SampleStore::kMap),
+              (Levels{{SampleStore::kStreets, 3}, {SampleStore::kBlocks, 3},
+                      {SampleStore::kLandmarks, 3}, {SampleStore::kWorld, 3}}))
+        << "the layers of the map only";
+    EXPECT_EQ(reader.layerLevels(2, SampleStore::kMap),
+              (Levels{{SampleStore::kStreets, 1}, {SampleStore::kBlocks, 1}, {SampleStore::kWorld, 1}}))
+        << "no level, no entry";
 }
 
 TEST_F(MapStore, AFailedWriteLeavesTheStoreAsItWas)

@@ -55,7 +55,7 @@ TEST(RequestHandler, RandomPayloadsNeverEscapeTheHandler)
     EXPECT_EQ(messages::CellGeometry::decode(reply).elements.size(), 3u);
 }
 
-TEST(RequestHandler, ALevelIsRememberedOnlyForALayerTheUserMaySee)
+TEST(RequestHandler, AConnectionRemembersTheLevelsOfItsMapOnly)
 {
     SampleStore store;
     MapReader reader(store.database());
@@ -67,7 +67,8 @@ TEST(RequestHandler, ALevelIsRememberedOnlyForALayerTheUserMaySee)
     }
     DWBUffer streets = messages::buildMessage(messages::CellGeometryRequest{SampleStore::kStreets, 5655, 10935});
     handler.handle(session, streets);
-    EXPECT_EQ(session.levels.size(), 1u);
+    ASSERT_TRUE(session.levels);
+    EXPECT_EQ(session.levels->size(), 4u) << "the four layers of the map, however many ids were named";
 }
 
 // The same cached buffer goes to every request for a cell of the grid; a
