@@ -36,6 +36,9 @@ Connection::~Connection()
 
 void Connection::receive()
 {
+    if (hasRequests()) {
+        return;
+    }
     std::array<std::uint8_t, kReadChunk> chunk;
     const ssize_t count = ::recv(fd_, chunk.data(), chunk.size(), 0);
     if (count > 0) {
@@ -50,10 +53,9 @@ void Connection::receive()
 
 void Connection::take(std::span<const std::uint8_t> bytes)
 {
-    const Arrival arrival = framer_.feed(bytes);
-    for (std::size_t i = 0; i < arrival.messages.size(); ++i) {
-        requests_.emplace_back(arrival.messages[i].begin(), arrival.messages[i].end());
-    }
+    Arrival arrival = framer_.feed(bytes);
+    requests_ = std::move(arrival.messages);
+    nextRequest_ = 0;
     if (arrival.droppedBytes > 0) {
         readingDone_ = true;
         log_.line(prefix() + "dropped " + std::to_string(arrival.droppedBytes) +
@@ -68,10 +70,8 @@ void Connection::take(std::span<const std::uint8_t> bytes)
 
 void Connection::answer(std::size_t count)
 {
-    for (; count > 0 && !requests_.empty() && unsent_ <= unsentLimit_; --count) {
-        const std::vector<std::uint8_t> request = std::move(requests_.front());
-        requests_.pop_front();
-        answerOne(request);
+    for (; count > 0 && hasRequests() && unsent_ <= unsentLimit_; --count) {
+        answerOne(requests_[nextRequest_++]);
     }
 }
 
@@ -160,7 +160,8 @@ void Connection::advance(std::size_t written)
 void Connection::stop()
 {
     readingDone_ = true;
-    requests_.clear();
+    requests_ = {};
+    nextRequest_ = 0;
 }
 
 std::uint32_t Connection::events() const
@@ -169,7 +170,7 @@ std::uint32_t Connection::events() const
         return 0;
     }
     std::uint32_t events = 0;
-    if (!readingDone_ && requests_.empty() && unsent_ <= unsentLimit_) {
+    if (!readingDone_ && !hasRequests() && unsent_ <= unsentLimit_) {
         events |= EPOLLIN;
     }
     if (!replies_.empty()) {
@@ -180,7 +181,7 @@ std::uint32_t Connection::events() const
 
 bool Connection::finished() const
 {
-    return broken_ || (readingDone_ && requests_.empty() && replies_.empty());
+    return broken_ || (readingDone_ && !hasRequests() && replies_.empty());
 }
 
 std::string Connection::prefix() const

@@ -64,7 +64,7 @@ public:
     // What to wait for on the socket (EPOLLIN, EPOLLOUT).
     std::uint32_t events() const;
     // Requests wait to be answered and the client takes its replies.
-    bool canAnswer() const { return !requests_.empty() && unsent_ <= unsentLimit_ && !broken_; }
+    bool canAnswer() const { return hasRequests() && unsent_ <= unsentLimit_ && !broken_; }
     // Nothing is left to do: the connection may be closed.
     bool finished() const;
     std::size_t unsent() const { return unsent_; }
@@ -82,6 +82,7 @@ private:
     };
 
     void take(std::span<const std::uint8_t> bytes);
+    bool hasRequests() const { return nextRequest_ < requests_.size(); }
     void answerOne(std::span<const std::uint8_t> request);
     void queue(SharedReply reply);
     std::size_t gatherUnsent(iovec* parts, std::size_t capacity) const;
@@ -94,8 +95,10 @@ private:
     std::size_t unsentLimit_;
     MessageFramer framer_{kMaximumRequestLength};
     SessionState state_;
-    // Whole requests read and not answered yet, in order.
-    std::deque<std::vector<std::uint8_t>> requests_;
+    // The whole requests of the last read, back to back, and the first of
+    // them not answered yet: a read costs one allocation, not one per request.
+    MessageBatch requests_;
+    std::size_t nextRequest_ = 0;
     std::deque<Pending> replies_;
     std::size_t unsent_ = 0;
     Clock::time_point lastActivity_;

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include <malloc.h>
 #include <unistd.h>
 
 namespace orbelan::server {
@@ -15,7 +16,7 @@ namespace {
 // The listening socket's key in the epoll set; connections are numbered from 1.
 constexpr std::uint64_t kListenerKey = 0;
 // Requests answered for one connection before the others get their turn.
-constexpr std::size_t kRequestsPerTurn = 32;
+constexpr std::size_t kRequestsPerTurn = 4;
 // Connections accepted at one wake-up, so that a flood of them does not hold
 // up the clients already served.
 constexpr int kAcceptsPerWake = 64;
@@ -130,6 +131,9 @@ void MapServer::serve(Client& client, std::uint32_t events)
 
 void MapServer::takeTurns()
 {
+    // What has just arrived goes first: a client that waits for each reply
+    // does not queue behind every backlog's turn.
+    serveReady();
     for (std::size_t turns = backlog_.size(); turns > 0; --turns) {
         const std::uint64_t number = backlog_.front();
         backlog_.pop_front();
@@ -194,6 +198,7 @@ void MapServer::close(std::uint64_t number, const std::string& why)
     idle_.remove(number);
     unfinished_.remove(number);
     clients_.erase(found);
+    closedSinceTrim_ = true;
     resumeAccepting();
 }
 
@@ -207,6 +212,13 @@ void MapServer::closeExpired()
         close(number, "a request unfinished after " + seconds(limits_.requestTimeout));
     }
     resumeAccepting();
+    // The buffers of closed connections go back to the system: without this
+    // the allocator keeps the pages that a crowd of clients took, scattered
+    // among live ones, for good.
+    if (closedSinceTrim_) {
+        closedSinceTrim_ = false;
+        malloc_trim(0);
+    }
 }
 
 // Closes the connections with the most replies waiting first, until the

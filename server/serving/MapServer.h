@@ -93,6 +93,8 @@ private:
     std::size_t unsent_ = 0;
     std::uint64_t connections_ = 0;
     bool acceptingPaused_ = false;
+    // A connection has closed since memory was last given back.
+    bool closedSinceTrim_ = false;
     // Running out was logged, and no connection has been accepted since.
     bool outOfDescriptors_ = false;
     // When running out was last logged: a server that runs out again and
