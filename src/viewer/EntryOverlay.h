@@ -1,0 +1,39 @@
+#pragma once
+
+#include "model/Vertex.h"
+
+#include <QLineF>
+
+#include <optional>
+#include <span>
+
+class QImage;
+class QPainter;
+
+namespace orbelan {
+
+class Viewport;
+
+// What a point entry draws over the map: the line through the points
+// entered so far, and the rubber lines from the last point to the pointer
+// (tmpLine1) and from the pointer back to the first point (tmpLine2).
+class EntryOverlay {
+public:
+    // A null line is not shown.
+    void setRubberLines(const QLineF& fromLast, const std::optional<QLineF>& toFirst);
+    void hideRubberLines();
+
+    void paint(QPainter& painter, const Viewport& view, std::span<const Vertex> entered) const;
+
+    // Marks a picked segment on the picture, until its next redraw: the
+    // segment as a wide red line with a dot at its first point, and a blue
+    // dot at the click.
+    static void markSegment(QImage& picture, const Viewport& view, const Vertex& first, const Vertex& second,
+                            const Vertex& click);
+
+private:
+    QLineF fromLast_;
+    QLineF toFirst_;
+};
+
+} // namespace orbelan
