@@ -58,6 +58,8 @@ private:
     void waitIdle(const QStringList& arguments);
     void snapshot(const QStringList& arguments);
     void answer(const QStringList& arguments);
+    void queueDialog(const QStringList& arguments);
+    void clickMenuItem(const QStringList& arguments);
     void mouse(const QStringList& arguments);
     void key(const QStringList& arguments);
     void setProperty(const QStringList& arguments);
