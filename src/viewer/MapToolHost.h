@@ -52,7 +52,8 @@ public:
     // Shows the points entered so far again, after they changed.
     virtual void showEnteredPoints() = 0;
     // The rubber lines that follow the mouse while points are entered: from
-    // the last point to the pointer, and, for a polygon, back to the first.
+    // the last point to the pointer, and, for a polygon, back to the first;
+    // a null line is not shown.
     virtual void showRubberLines(const QLineF& fromLast, const std::optional<QLineF>& toFirst) = 0;
     // A line of the status text that the tool keeps up to date; empty for none.
     virtual void showToolStatus(const QString& text) = 0;

@@ -142,7 +142,9 @@ bool ToolController::release(const MapMouseEvent& event)
 
 bool ToolController::click(const MapMouseEvent& event)
 {
-    if (state_.pressedButton != kLeftButton) {
+    // A press the control ignored (Shift and the right button) leaves the
+    // last pressed button as it was; the released one tells it apart.
+    if (state_.pressedButton != kLeftButton || event.button != kLeftButton) {
         return false;
     }
     MapTool* clicked = tool();
