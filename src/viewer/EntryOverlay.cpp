@@ -23,15 +23,10 @@ void dot(QPainter& painter, const QColor& colour, const std::optional<QPointF>& 
 
 } // namespace
 
-void EntryOverlay::setRubberLines(const QLineF& fromLast, const std::optional<QLineF>& toFirst)
+void EntryOverlay::followPointer(const std::optional<QPointF>& pointer, bool closing)
 {
-    fromLast_ = fromLast;
-    toFirst_ = toFirst.value_or(QLineF());
-}
-
-void EntryOverlay::hideRubberLines()
-{
-    setRubberLines({}, std::nullopt);
+    pointer_ = pointer;
+    closing_ = closing;
 }
 
 void EntryOverlay::paint(QPainter& painter, const Viewport& view, std::span<const Vertex> entered) const
@@ -44,11 +39,13 @@ void EntryOverlay::paint(QPainter& painter, const Viewport& view, std::span<cons
     }
     painter.setPen(QPen(Qt::black, 1));
     painter.drawPolyline(line);
+    if (!pointer_ || line.isEmpty()) {
+        return;
+    }
     painter.setPen(QPen(Qt::black, 1, Qt::DashLine));
-    for (const QLineF& rubber : {fromLast_, toFirst_}) {
-        if (!rubber.isNull()) {
-            painter.drawLine(rubber);
-        }
+    painter.drawLine(line.back(), *pointer_);
+    if (closing_) {
+        painter.drawLine(*pointer_, line.front());
     }
 }
 

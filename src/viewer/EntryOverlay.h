@@ -2,7 +2,7 @@
 
 #include "model/Vertex.h"
 
-#include <QLineF>
+#include <QPointF>
 
 #include <optional>
 #include <span>
@@ -16,12 +16,14 @@ class Viewport;
 
 // What a point entry draws over the map: the line through the points
 // entered so far, and the rubber lines from the last point to the pointer
-// (tmpLine1) and from the pointer back to the first point (tmpLine2).
+// (tmpLine1) and from the pointer back to the first point (tmpLine2). The
+// points are placed anew at each paint, so they stay on the map when the
+// view changes.
 class EntryOverlay {
 public:
-    // A null line is not shown.
-    void setRubberLines(const QLineF& fromLast, const std::optional<QLineF>& toFirst);
-    void hideRubberLines();
+    // The pixel the rubber lines run to, none to hide them; closing draws
+    // the edge back to the first point too.
+    void followPointer(const std::optional<QPointF>& pointer, bool closing);
 
     void paint(QPainter& painter, const Viewport& view, std::span<const Vertex> entered) const;
 
@@ -32,8 +34,8 @@ public:
                             const Vertex& click);
 
 private:
-    QLineF fromLast_;
-    QLineF toFirst_;
+    std::optional<QPointF> pointer_;
+    bool closing_ = false;
 };
 
 } // namespace orbelan

@@ -4,7 +4,7 @@
 #include "ui/UiServices.h"
 #include "view/Viewport.h"
 
-#include <QLineF>
+#include <QPointF>
 #include <QPoint>
 #include <QRect>
 
@@ -51,10 +51,10 @@ public:
     virtual std::optional<Vertex> resolveInputPoint(MapPoint click) = 0;
     // Shows the points entered so far again, after they changed.
     virtual void showEnteredPoints() = 0;
-    // The rubber lines that follow the mouse while points are entered: from
-    // the last point to the pointer, and, for a polygon, back to the first;
-    // a null line is not shown.
-    virtual void showRubberLines(const QLineF& fromLast, const std::optional<QLineF>& toFirst) = 0;
+    // The rubber lines follow the pointer (a pixel) while points are entered:
+    // from the last point to it and, closing a polygon, on to the first
+    // point; nothing hides them.
+    virtual void followPointer(const std::optional<QPointF>& pointer, bool closing) = 0;
     // A line of the status text that the tool keeps up to date; empty for none.
     virtual void showToolStatus(const QString& text) = 0;
     virtual MessageAnswer messageBox(const QString& text, MessageButtons buttons, MessageIcon icon,

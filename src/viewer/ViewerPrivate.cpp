@@ -325,7 +325,7 @@ bool ViewerPrivate::resetTool()
         return false;
     }
     tools_.reset();
-    entryOverlay_.hideRubberLines();
+    entryOverlay_.followPointer(std::nullopt, false);
     redrawMap();
     return true;
 }
@@ -366,9 +366,9 @@ void ViewerPrivate::showEnteredPoints()
     viewer_.update();
 }
 
-void ViewerPrivate::showRubberLines(const QLineF& fromLast, const std::optional<QLineF>& toFirst)
+void ViewerPrivate::followPointer(const std::optional<QPointF>& pointer, bool closing)
 {
-    entryOverlay_.setRubberLines(fromLast, toFirst);
+    entryOverlay_.followPointer(pointer, closing);
     viewer_.update();
 }
 

@@ -65,7 +65,7 @@ public:
     void selectToolCursor() override;
     std::optional<Vertex> resolveInputPoint(MapPoint click) override { return pointEntry_.resolve(click); }
     void showEnteredPoints() override;
-    void showRubberLines(const QLineF& fromLast, const std::optional<QLineF>& toFirst) override;
+    void followPointer(const std::optional<QPointF>& pointer, bool closing) override;
     void showToolStatus(const QString& text) override;
     MessageAnswer messageBox(const QString& text, MessageButtons buttons, MessageIcon icon,
                              const QString& caption) override;

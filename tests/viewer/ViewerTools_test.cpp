@@ -60,6 +60,8 @@ TEST_F(ViewerTools, TheClickEndingAZoomDragOnlyResumesTheTool)
     EXPECT_EQ(viewer.currentTool(), 8);
     click({280, 100}); // (2, 0)
     viewer.ZoomIn();   // 80 pixels a degree
+    // The line entered so far is drawn where the new view puts it.
+    EXPECT_EQ(viewer.grab().toImage().pixel(280, 100), 0xFF000000);
     click({360, 20});  // (2, 1)
     EXPECT_EQ(resume(), "Total distance: 3 m.");
 }

@@ -27,8 +27,7 @@ void PointEntryTool::click(const MapMouseEvent& event)
 
 void PointEntryTool::move(const MapMouseEvent& event)
 {
-    pointer_ = event.pixel;
-    showRubberLine();
+    host().followPointer(event.pixel, false);
     pointsChanged(geographicOf(host().viewport(), event.map));
 }
 
@@ -45,7 +44,6 @@ void PointEntryTool::eraseLastPoint()
 {
     if (!state().vertices.empty()) {
         state().vertices.pop_back();
-        showRubberLine();
         pointsChanged(std::nullopt);
     }
 }
@@ -53,12 +51,6 @@ void PointEntryTool::eraseLastPoint()
 void PointEntryTool::pointsChanged(const std::optional<Vertex>&)
 {
     host().showEnteredPoints();
-}
-
-void PointEntryTool::showRubberLine()
-{
-    const auto from = state().vertices.empty() ? std::nullopt : pixelOf(host().viewport(), state().vertices.back());
-    host().showRubberLines(from && pointer_ ? QLineF(*from, *pointer_) : QLineF(), std::nullopt);
 }
 
 } // namespace orbelan

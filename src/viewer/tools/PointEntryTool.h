@@ -3,8 +3,6 @@
 #include "model/Vertex.h"
 #include "viewer/MapTool.h"
 
-#include <QPointF>
-
 #include <optional>
 
 namespace orbelan {
@@ -29,11 +27,6 @@ public:
 protected:
     // The entered points changed, or the pointer moved to `pointer` (in degrees).
     virtual void pointsChanged(const std::optional<Vertex>& pointer);
-
-private:
-    void showRubberLine();
-
-    std::optional<QPointF> pointer_;
 };
 
 } // namespace orbelan
