@@ -164,8 +164,11 @@ PopupMenu ToolController::rightClickMenu()
     return current && state_.pressedButton == kRightButton ? current->menu() : PopupMenu::None;
 }
 
+// The double click takes the place of the second press, and the release
+// after it is no click.
 void ToolController::doubleClick(const MapMouseEvent& event)
 {
+    state_.pressedButton = 0;
     if (MapTool* current = tool()) {
         current->doubleClick(event);
     }
