@@ -1,24 +1,18 @@
 #include "viewer/PickCollection.h"
 
-#include <algorithm>
-
 namespace orbelan {
 
 void PickCollection::add(std::int32_t id)
 {
-    if (!contains(id)) {
+    if (members_.insert(id).second) {
         ids_.push_back(id);
     }
 }
 
-void PickCollection::remove(std::int32_t id)
+void PickCollection::clear()
 {
-    std::erase(ids_, id);
-}
-
-bool PickCollection::contains(std::int32_t id) const
-{
-    return std::ranges::find(ids_, id) != ids_.end();
+    ids_.clear();
+    members_.clear();
 }
 
 } // namespace orbelan

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <unordered_set>
 #include <vector>
 
 namespace orbelan {
@@ -10,13 +11,12 @@ namespace orbelan {
 class PickCollection {
 public:
     void add(std::int32_t id);
-    void remove(std::int32_t id);
-    void clear() { ids_.clear(); }
-    bool contains(std::int32_t id) const;
+    void clear();
     const std::vector<std::int32_t>& ids() const { return ids_; }
 
 private:
     std::vector<std::int32_t> ids_;
+    std::unordered_set<std::int32_t> members_;
 };
 
 } // namespace orbelan

@@ -110,7 +110,6 @@ public:
     const MapSession& session() const { return session_; }
     ToolController& tools() { return tools_; }
     const ToolController& tools() const { return tools_; }
-    const ToolMenus& menus() const { return menus_; }
     // The steps in progress and the current tool's line, as the status label shows them.
     QString statusText() const;
     QWidget* toolTipBox() const { return toolTipBox_; }
