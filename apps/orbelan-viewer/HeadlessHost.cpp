@@ -8,12 +8,14 @@
 #include "viewer/Viewer.h"
 #include "view/Viewport.h"
 
+#include <QAction>
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QFile>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QMetaMethod>
 #include <QMouseEvent>
 #include <QSocketNotifier>
@@ -128,6 +130,8 @@ void HeadlessHost::addCommands()
         {"wait-idle", bind(&HeadlessHost::waitIdle)},
         {"snapshot", bind(&HeadlessHost::snapshot)},
         {"answer", bind(&HeadlessHost::answer)},
+        {"dialog", bind(&HeadlessHost::queueDialog)},
+        {"menu", bind(&HeadlessHost::clickMenuItem)},
         {"mouse", bind(&HeadlessHost::mouse)},
         {"key", bind(&HeadlessHost::key)},
         {"set", bind(&HeadlessHost::setProperty)},
@@ -150,7 +154,7 @@ void HeadlessHost::reportEvents()
             }
             print(line);
         },
-        {"propertyChanged", "errorOccurred"});
+        {"propertyChanged", "errorOccurred", "toolChanged"});
     connect(&viewer_, &Viewer::errorOccurred, this, &HeadlessHost::error);
     ui_.setMessageObserver([this](const ShownMessage& message) {
         print(QStringLiteral("msgbox %1 %2 %3")
@@ -158,6 +162,9 @@ void HeadlessHost::reportEvents()
     });
     ui_.setDialogObserver([this](const ShownDialog& dialog) {
         print(QStringLiteral("dialog %1 %2").arg(dialog.objectName, quote(dialog.caption)));
+    });
+    ui_.setMenuObserver([this](const ShownMenu& menu) {
+        print(QStringLiteral("menu %1 %2").arg(menu.objectName, quote(menu.title)));
     });
     toolTipBox_ = viewer_.toolTipBox();
     toolTipLabel_ = viewer_.toolTipLabel();
@@ -380,6 +387,45 @@ void HeadlessHost::answer(const QStringList& arguments)
         return;
     }
     ui_.queueAnswer(*answer);
+}
+
+// dialog NAME FIELD=VALUE ... BUTTON: what a person will do with the next
+// dialog, which must be NAME.
+void HeadlessHost::queueDialog(const QStringList& arguments)
+{
+    if (arguments.size() < 2) {
+        error(QStringLiteral("dialog needs a dialog's name, FIELD=VALUE pairs and a button"));
+        return;
+    }
+    DialogScript script{arguments.front(), {}, arguments.back()};
+    for (const QString& pair : arguments.mid(1, arguments.size() - 2)) {
+        const qsizetype equals = pair.indexOf('=');
+        if (equals <= 0) {
+            error(QStringLiteral("dialog: %1 is not FIELD=VALUE").arg(quote(pair)));
+            return;
+        }
+        script.fields.insert(pair.left(equals), pair.mid(equals + 1));
+    }
+    ui_.queueDialog(std::move(script));
+}
+
+// Clicks an item of one of the control's pop-up menus, whether the menu is
+// open or not, as long as a person could click it: shown and enabled.
+void HeadlessHost::clickMenuItem(const QStringList& arguments)
+{
+    QAction* item = nullptr;
+    for (const QMenu* menu : viewer_.findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) {
+        if (!item && arguments.size() == 1) {
+            item = menu->findChild<QAction*>(arguments.front(), Qt::FindDirectChildrenOnly);
+        }
+    }
+    if (!item || item->isSeparator()) {
+        error(QStringLiteral("menu needs an item of the control's menus"));
+    } else if (!item->isVisible() || !item->isEnabled()) {
+        error(QStringLiteral("menu: %1 is not offered now").arg(arguments.front()));
+    } else {
+        item->trigger();
+    }
 }
 
 void HeadlessHost::mouse(const QStringList& arguments)

@@ -19,8 +19,8 @@ class Viewer;
 
 // Runs a Viewer without a window for scripts, batch snapshots and end-to-end
 // tests: it executes one command per input line, in order, and prints one
-// line per event the control raises and per message box or dialog it opens.
-// The grammar is documented in the README.
+// line per event the control raises and per message box, dialog or pop-up
+// menu it opens. The grammar is documented in the README.
 class HeadlessHost : public QObject {
     Q_OBJECT
 
@@ -58,6 +58,8 @@ private:
     void waitIdle(const QStringList& arguments);
     void snapshot(const QStringList& arguments);
     void answer(const QStringList& arguments);
+    void queueDialog(const QStringList& arguments);
+    void clickMenuItem(const QStringList& arguments);
     void mouse(const QStringList& arguments);
     void key(const QStringList& arguments);
     void setProperty(const QStringList& arguments);

@@ -3,16 +3,36 @@
 #include "orbelan-viewer/EventRelay.h"
 #include "orbelan-viewer/LineFormat.h"
 #include "viewer/Viewer.h"
+#include "viewer/tools/ToolCursors.h"
 
+#include <QActionGroup>
 #include <QMenuBar>
 #include <QMetaMethod>
 #include <QStatusBar>
+#include <QToolBar>
 
 namespace orbelan {
 
 namespace {
 
 constexpr int kStatusMessageMilliseconds = 4000;
+constexpr float kClickZoomFactor = 2;
+
+// A mouse tool of the tool bar: the number the control reports while it is
+// current, its icon and what selects it.
+struct ToolButton {
+    int tool;
+    toolcursors::Resource icon;
+    const char* tip;
+    void (*select)(Viewer&);
+};
+
+const ToolButton kToolButtons[] = {
+    {1, toolcursors::ZoomWindow, "Zoom Window", [](Viewer& v) { v.ZoomWindow(); }},
+    {2, toolcursors::ZoomIn, "Zoom In at a Click", [](Viewer& v) { v.ZoomFactor(kClickZoomFactor); }},
+    {3, toolcursors::Pan, "Pan", [](Viewer& v) { v.Pan(); }},
+    {8, toolcursors::Measure, "Measure Distance", [](Viewer& v) { v.MeasureDistance(); }},
+};
 
 } // namespace
 
@@ -22,7 +42,28 @@ MainWindow::MainWindow(Viewer* viewer)
     setWindowTitle(QStringLiteral("Orbelan Viewer"));
     setCentralWidget(viewer_);
     addMenus();
+    addToolBar();
     reportEvents();
+}
+
+// The button of the current tool is checked; none while no tool of the bar is.
+void MainWindow::addToolBar()
+{
+    QToolBar* bar = QMainWindow::addToolBar(tr("Tools"));
+    bar->setObjectName(QStringLiteral("tbTools"));
+    auto* buttons = new QActionGroup(bar);
+    buttons->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+    for (const ToolButton& button : kToolButtons) {
+        QAction* action = bar->addAction(QIcon(toolcursors::cursor(button.icon).pixmap()), tr(button.tip));
+        action->setCheckable(true);
+        buttons->addAction(action);
+        const auto follow = [action, button](int tool) { action->setChecked(tool == button.tool); };
+        connect(action, &QAction::triggered, this, [this, button, follow] {
+            button.select(*viewer_);
+            follow(viewer_->currentTool());
+        });
+        connect(viewer_, &Viewer::toolChanged, action, follow);
+    }
 }
 
 // One entry per public command of the control that takes no arguments and

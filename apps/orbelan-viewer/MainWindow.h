@@ -7,8 +7,8 @@ namespace orbelan {
 class Viewer;
 
 // The window of orbelan-viewer: the control in the middle, a menu entry for
-// each of its commands that need no arguments, and a status bar that shows
-// what the control reports.
+// each of its commands that need no arguments, a tool bar of its mouse tools,
+// and a status bar that shows what the control reports.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -17,6 +17,7 @@ public:
 
 private:
     void addMenus();
+    void addToolBar();
     void reportEvents();
 
     Viewer* viewer_;

@@ -5,6 +5,7 @@
 #include <QDialog>
 #include <QDoubleSpinBox>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QSpinBox>
 #include <QStringList>
@@ -137,6 +138,8 @@ void fillField(QWidget& field, const QString& value)
 // handler may rebuild other widgets of the dialog.
 void runScript(QDialog& dialog, const DialogScript& script)
 {
+    if (!script.dialog.isEmpty() && script.dialog != dialog.objectName())
+        refuse(QStringLiteral("a script for dialog \"%1\" met dialog \"%2\"").arg(script.dialog, dialog.objectName()));
     checkNames(dialog, script);
     for (auto field = script.fields.cbegin(); field != script.fields.cend(); ++field)
         fillField(findField(dialog, field.key()), field.value());
@@ -174,6 +177,14 @@ int ScriptedUiServices::execDialog(QDialog& dialog)
     return dialog.result();
 }
 
+void ScriptedUiServices::popupMenu(QMenu& menu, const QPoint&)
+{
+    const ShownMenu shown{menu.objectName(), menu.title()};
+    menus_.push_back(shown);
+    if (menuObserver_)
+        menuObserver_(shown);
+}
+
 void ScriptedUiServices::queueAnswer(MessageAnswer answer)
 {
     answers_.push_back(answer);
@@ -192,6 +203,11 @@ void ScriptedUiServices::setMessageObserver(std::function<void(const ShownMessag
 void ScriptedUiServices::setDialogObserver(std::function<void(const ShownDialog&)> observer)
 {
     dialogObserver_ = std::move(observer);
+}
+
+void ScriptedUiServices::setMenuObserver(std::function<void(const ShownMenu&)> observer)
+{
+    menuObserver_ = std::move(observer);
 }
 
 MessageAnswer ScriptedUiServices::takeAnswer(MessageButtons buttons)

@@ -15,6 +15,8 @@ namespace orbelan {
 // What a person would do with one modal dialog: the values to put into its
 // fields, by the fields' object names, and the button to click afterwards.
 struct DialogScript {
+    // The object name of the dialog the script is for; empty for any.
+    QString dialog;
     QMap<QString, QString> fields;
     QString button;
 };
@@ -33,6 +35,12 @@ struct ShownDialog {
     QString caption;
 };
 
+// A pop-up menu as it was offered: its object name and its title.
+struct ShownMenu {
+    QString objectName;
+    QString title;
+};
+
 // Answers message boxes and drives modal dialogs from scripts queued in
 // advance. It never opens a window and never waits, so tests and the headless
 // host run every code path that asks a person something.
@@ -49,9 +57,10 @@ struct ShownDialog {
 // closes the dialog (accept(), reject(), done()). A click that leaves the
 // dialog open, as a failed validation does, is followed by the next script,
 // just as a person corrects the fields and clicks again. When the scripts run
-// out the dialog is rejected. A script that names a field or button the
-// dialog does not have, or a value its field cannot take, throws
-// std::invalid_argument naming it: a mistake in a script must stop the run.
+// out the dialog is rejected. A script meant for another dialog, or one
+// that names a field or button the dialog does not have, or a value its
+// field cannot take, throws std::invalid_argument naming it: a mistake in a
+// script must stop the run.
 //
 // How a value is put into a field, by the field's class:
 // - QLineEdit, QTextEdit, QPlainTextEdit: the value becomes the text.
@@ -63,12 +72,16 @@ struct ShownDialog {
 //   "true", "yes" check it; "0", "false", "no" and "" clear it, in any letter
 //   case; anything else is refused.
 // - QSpinBox, QDoubleSpinBox: a number within the box's range.
+//
+// A pop-up menu is recorded and closes at once with nothing chosen: a host
+// clicks a menu's items by triggering them itself.
 class ScriptedUiServices : public UiServices {
 public:
     // The scripted box has no window, so parent is not used.
     MessageAnswer messageBox(QWidget* parent, const QString& text, MessageButtons buttons,
                              MessageIcon icon, const QString& caption) override;
     int execDialog(QDialog& dialog) override;
+    void popupMenu(QMenu& menu, const QPoint& globalPosition) override;
 
     void queueAnswer(MessageAnswer answer);
     void queueDialog(DialogScript script);
@@ -78,11 +91,13 @@ public:
     // Every box and dialog shown so far, oldest first.
     const std::vector<ShownMessage>& messages() const { return messages_; }
     const std::vector<ShownDialog>& dialogs() const { return dialogs_; }
+    const std::vector<ShownMenu>& menus() const { return menus_; }
 
     // Called for each box once its answer is chosen, and for each dialog as
     // it opens, before any script touches it.
     void setMessageObserver(std::function<void(const ShownMessage&)> observer);
     void setDialogObserver(std::function<void(const ShownDialog&)> observer);
+    void setMenuObserver(std::function<void(const ShownMenu&)> observer);
 
 private:
     MessageAnswer takeAnswer(MessageButtons buttons);
@@ -92,8 +107,10 @@ private:
     std::deque<DialogScript> scripts_;
     std::vector<ShownMessage> messages_;
     std::vector<ShownDialog> dialogs_;
+    std::vector<ShownMenu> menus_;
     std::function<void(const ShownMessage&)> messageObserver_;
     std::function<void(const ShownDialog&)> dialogObserver_;
+    std::function<void(const ShownMenu&)> menuObserver_;
 };
 
 } // namespace orbelan

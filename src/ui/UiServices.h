@@ -6,6 +6,8 @@
 #include <span>
 
 class QDialog;
+class QMenu;
+class QPoint;
 class QWidget;
 
 namespace orbelan {
@@ -31,6 +33,10 @@ public:
     // Runs the dialog modally; returns its result code (QDialog::Accepted /
     // Rejected or what done() was given).
     virtual int execDialog(QDialog& dialog) = 0;
+
+    // Pops the menu up at the global position and returns when it closes; the
+    // item chosen, if any, has been triggered by then.
+    virtual void popupMenu(QMenu& menu, const QPoint& globalPosition) = 0;
 };
 
 // The buttons of a set, left to right as the box shows them.

@@ -1,6 +1,7 @@
 #include "ui/WidgetUiServices.h"
 
 #include <QDialog>
+#include <QMenu>
 #include <QMessageBox>
 
 namespace orbelan {
@@ -68,6 +69,11 @@ MessageAnswer WidgetUiServices::messageBox(QWidget* parent, const QString& text,
 int WidgetUiServices::execDialog(QDialog& dialog)
 {
     return dialog.exec();
+}
+
+void WidgetUiServices::popupMenu(QMenu& menu, const QPoint& globalPosition)
+{
+    menu.exec(globalPosition);
 }
 
 } // namespace orbelan

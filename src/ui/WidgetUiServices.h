@@ -11,6 +11,7 @@ public:
     MessageAnswer messageBox(QWidget* parent, const QString& text, MessageButtons buttons,
                              MessageIcon icon, const QString& caption) override;
     int execDialog(QDialog& dialog) override;
+    void popupMenu(QMenu& menu, const QPoint& globalPosition) override;
 };
 
 } // namespace orbelan

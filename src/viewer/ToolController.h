@@ -1,6 +1,8 @@
 #pragma once
 
 #include "viewer/MapMouseEvent.h"
+#include "viewer/PopupMenu.h"
+#include "viewer/ToolState.h"
 
 #include <QCursor>
 
@@ -26,47 +28,56 @@ public:
     ToolController(const ToolController&) = delete;
     ToolController& operator=(const ToolController&) = delete;
 
-    int current() const { return current_; }
-    int previous() const { return previous_; }
+    int current() const { return state_.current; }
+    int previous() const { return state_.previous; }
+    const ToolState& state() const { return state_; }
     // The current tool's object; null for no tool.
     MapTool* tool() const;
     // The pointer the current tool shows.
     QCursor cursor() const;
     ZoomFactorTool& zoomFactorTool() { return *zoomFactor_; }
+    // An element's geometry is being edited.
+    bool editing() const;
 
-    // Makes a tool current; the one it interrupts is kept to resume it
-    // afterwards.
+    // Makes a tool current for a new operation on a layer: it is armed at
+    // once, and a multi-step operation starts where it spans clicks.
+    void select(int number, std::int32_t targetLayer);
+    // Makes a zoom or pan tool current; the one it interrupts is kept to
+    // resume it afterwards.
     void arm(int number);
     // See MapToolHost::finishNavigation.
     void finishNavigation(int number, bool completed);
-    // No tool, no previous tool, no multi-step operation, no drag.
+    // No tool, no previous tool, no multi-step operation, no drag, no
+    // entered points, nothing picked.
     void reset();
     // No tool, keeping the previous one (a control freed from a stuck load).
     void drop();
-    void stopDragging() { dragging_ = false; }
+    void stopDragging() { state_.dragging = false; }
 
     void press(const MapMouseEvent& event);
     void move(const MapMouseEvent& event);
-    // Ends a drag; true when hosts hear of it with MouseUp.
+    // The current tool's answer to a release; true when hosts hear of it
+    // with MouseUp.
     bool release(const MapMouseEvent& event);
     // A release of the button that was pressed last: a left one is a click,
     // handled by the tool that is current after the release. True for a
     // left click.
     bool click(const MapMouseEvent& event);
+    // The menu a right click offers now; None after a left press.
+    PopupMenu rightClickMenu();
     void doubleClick(const MapMouseEvent& event);
     // True when the current tool used the key.
     bool key(int keyCode, int shift);
+    void closeLine();
+    void eraseLastPoint();
 
 private:
     void makeCurrent(int number);
 
+    MapToolHost& host_;
     std::map<int, std::unique_ptr<MapTool>> tools_;
     ZoomFactorTool* zoomFactor_ = nullptr;
-    int current_ = kNoTool;
-    int previous_ = kNoTool;
-    bool multiStep_ = false;
-    bool dragging_ = false;
-    int pressedButton_ = 0;
+    ToolState state_;
 };
 
 } // namespace orbelan

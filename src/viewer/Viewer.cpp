@@ -3,6 +3,7 @@
 #include "viewer/Guarded.h"
 #include "viewer/InputCodes.h"
 #include "render/OleColor.h"
+#include "viewer/tools/MeasureTool.h"
 #include "viewer/tools/PanTool.h"
 #include "viewer/PropertyBag.h"
 #include "viewer/ViewerPrivate.h"
@@ -283,6 +284,11 @@ void Viewer::ZoomOut() { guarded(*this, "ZoomOut", [this] { d_->zoomAboutCentre(
 void Viewer::ZoomExtents() { guarded(*this, "ZoomExtents", [this] { d_->zoomToExtents(); }); }
 void Viewer::ZoomWindow() { guarded(*this, "ZoomWindow", [this] { d_->armTool(ZoomWindowTool::kNumber); }); }
 void Viewer::Pan() { guarded(*this, "Pan", [this] { d_->armTool(PanTool::kNumber); }); }
+void Viewer::MeasureDistance()
+{
+    guarded(*this, "MeasureDistance", [this] { d_->selectTool(MeasureTool::kNumber, 0); });
+}
+void Viewer::SetDirections(int IDLayer) { guarded(*this, "SetDirections", [&] { d_->setDirections(IDLayer); }); }
 
 void Viewer::ZoomFactor(float Factor)
 {
@@ -309,7 +315,7 @@ void Viewer::RequestMissingCells() { d_->requestCellsOfView(); }
 int Viewer::currentTool() const { return d_->tools().current(); }
 std::int32_t Viewer::PendingRequests() const { return d_->session().connection().pendingRequests(); }
 bool Viewer::isIdle() const { return d_->session().connection().idle(); }
-QString Viewer::statusText() const { return d_->session().status().text(); }
+QString Viewer::statusText() const { return d_->statusText(); }
 QWidget* Viewer::toolTipBox() const { return d_->toolTipBox(); }
 const QLabel* Viewer::toolTipLabel() const { return d_->toolTipLabel(); }
 

@@ -51,7 +51,7 @@ class Viewer : public QWidget {
     Q_PROPERTY(bool layerscargados READ layerscargados WRITE setLayerscargados)
     Q_PROPERTY(float origenX READ origenX WRITE setOrigenX)
     Q_PROPERTY(float origenY READ origenY WRITE setOrigenY)
-    Q_PROPERTY(int Tool READ currentTool)
+    Q_PROPERTY(int Tool READ currentTool NOTIFY toolChanged)
 
 public:
     // Keys of the persisted properties in the host's property bag.
@@ -168,6 +168,12 @@ public:
     Q_INVOKABLE void ZoomFactor(float Factor);
     // Arms the pan tool: a drag moves the map.
     Q_INVOKABLE void Pan();
+    // Starts measuring: each click adds a point, "Resume" of the right
+    // click's menu tells the length of the line in the map's plane.
+    Q_INVOKABLE void MeasureDistance();
+    // Asks for the field of layer IDLayer that gives its elements'
+    // directions; confirmed, a click picks an element of the layer.
+    Q_INVOKABLE void SetDirections(int IDLayer);
     // Height of the view in kilometres.
     Q_INVOKABLE float CurrentZoom() const;
     // Shows the union of the boxes of the given elements of a layer. One
@@ -181,7 +187,8 @@ public:
     // visible layer, label and direction values where those show.
     void RequestMissingCells();
 
-    // The current mouse tool: 0 none, 1 zoom window, 2 zoom by factor, 3 pan.
+    // The current mouse tool: 0 none, 1 zoom window, 2 zoom by factor, 3 pan,
+    // 8 measure distance, 20 pick an element for directions.
     int currentTool() const;
     std::int32_t PendingRequests() const;
     // No reply awaited, nothing unread or half received from the server.
@@ -196,6 +203,8 @@ signals:
     void propertyChanged(const QString& key);
     // An entry into the control stopped on an error: "ENTRY: REASON".
     void errorOccurred(const QString& message);
+    // The current mouse tool changed (the Tool property).
+    void toolChanged(int tool);
 
     void click();
     void DblClick();

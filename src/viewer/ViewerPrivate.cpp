@@ -7,10 +7,15 @@
 #include "render/OleColor.h"
 #include "viewer/Viewer.h"
 #include "ui/WidgetUiServices.h"
+#include "ui/dlgSetDirections.h"
+#include "viewer/tools/DirectionsTool.h"
 #include "viewer/tools/ZoomFactorTool.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRubberBand>
@@ -48,10 +53,17 @@ ViewerPrivate::ViewerPrivate(Viewer& viewer)
       document_(viewport_),
       session_(document_, viewport_, *ui_, *this),
       renderer_(viewer.palette(), viewer.font(), viewer.logicalDpiY()),
-      tools_(*this)
+      tools_(*this),
+      menus_(viewer),
+      pointEntry_({menus_.item("mnuEndPoint"), menus_.item("mnuRelativeTo"), menus_.item("mnuSmartEndPoint")},
+                  document_, viewport_, *ui_, viewer,
+                  [this](const Vertex& first, const Vertex& second, const Vertex& click) {
+                      markSegment(first, second, click);
+                  })
 {
     createSurface();
     connectReceiveSide();
+    connectMenus();
 }
 
 ViewerPrivate::~ViewerPrivate() = default;
@@ -60,6 +72,7 @@ void ViewerPrivate::setUiServices(UiServices& services)
 {
     ui_ = &services;
     session_.setUiServices(services);
+    pointEntry_.setUiServices(services);
 }
 
 void ViewerPrivate::createSurface()
@@ -133,8 +146,20 @@ void ViewerPrivate::changeStatus(std::int32_t layerId, std::uint8_t step, const 
 void ViewerPrivate::refreshStatusLabel()
 {
     statusRefreshPending_ = false;
-    statusLabel_->setText(session_.status().text());
+    statusLabel_->setText(statusText());
     statusLabel_->adjustSize();
+}
+
+QString ViewerPrivate::statusText() const
+{
+    const QString steps = session_.status().text();
+    return toolStatus_.isEmpty() || steps.isEmpty() ? steps + toolStatus_ : steps + '\n' + toolStatus_;
+}
+
+void ViewerPrivate::showToolStatus(const QString& text)
+{
+    toolStatus_ = text;
+    refreshStatusLabel();
 }
 
 void ViewerPrivate::definitionLoaded()
@@ -291,10 +316,103 @@ void ViewerPrivate::finishNavigation(int tool, bool completed)
     selectToolCursor();
 }
 
-void ViewerPrivate::resetTool()
+// Giving up an element's edit needs the user's word.
+bool ViewerPrivate::resetTool()
 {
+    if (tools_.editing() && ui_->messageBox(&viewer_, QStringLiteral("Do you really want to Cancel Edition?"),
+                                            MessageButtons::YesNo, MessageIcon::None,
+                                            QStringLiteral("Orbelan")) == MessageAnswer::No) {
+        return false;
+    }
     tools_.reset();
+    entryOverlay_.followPointer(std::nullopt, false);
     redrawMap();
+    return true;
+}
+
+void ViewerPrivate::selectTool(int number, std::int32_t targetLayer)
+{
+    if (resetTool()) {
+        tools_.select(number, targetLayer);
+        menus_.toolSelected(number);
+        selectToolCursor();
+    }
+}
+
+void ViewerPrivate::setDirections(std::int32_t layerId)
+{
+    const layer* target = document_.Layers().Find(layerId);
+    if (!target) {
+        throw std::invalid_argument("there is no layer " + std::to_string(layerId));
+    }
+    QStringList fieldNames;
+    for (const Campo& field : target->Campos()) {
+        fieldNames << QString::fromStdString(field.Nombre);
+    }
+    dlgSetDirections dialog(fieldNames, &viewer_);
+    ui_->execDialog(dialog);
+    if (!dialog.cancelled()) {
+        selectTool(DirectionsTool::kNumber, layerId);
+    }
+}
+
+void ViewerPrivate::toolChanged(int number)
+{
+    emit viewer_.toolChanged(number);
+}
+
+void ViewerPrivate::showEnteredPoints()
+{
+    viewer_.update();
+}
+
+void ViewerPrivate::followPointer(const std::optional<QPointF>& pointer, bool closing)
+{
+    entryOverlay_.followPointer(pointer, closing);
+    viewer_.update();
+}
+
+MessageAnswer ViewerPrivate::messageBox(const QString& text, MessageButtons buttons, MessageIcon icon,
+                                        const QString& caption)
+{
+    return ui_->messageBox(&viewer_, text, buttons, icon, caption);
+}
+
+void ViewerPrivate::markSegment(const Vertex& first, const Vertex& second, const Vertex& click)
+{
+    EntryOverlay::markSegment(picture_, viewport_, first, second, click);
+    viewer_.update();
+}
+
+void ViewerPrivate::connectMenus()
+{
+    onMenuItem("mnuCerrarPline", [](ViewerPrivate& d) { d.tools_.closeLine(); });
+    onMenuItem("mnuEraseLastPoint", [](ViewerPrivate& d) { d.tools_.eraseLastPoint(); });
+    onMenuItem("mnuRelativeTo", [](ViewerPrivate& d) { d.pointEntry_.relativeToChosen(); });
+    onMenuItem("mnuSmartEndPoint", [](ViewerPrivate& d) { d.pointEntry_.smartEndPointChosen(); });
+    onMenuItem("mnuCancelElement", [](ViewerPrivate& d) { d.typeEscape(); });
+}
+
+void ViewerPrivate::onMenuItem(const char* name, void (*handler)(ViewerPrivate&))
+{
+    QAction& item = menus_.item(QString::fromLatin1(name));
+    QObject::connect(&item, &QAction::triggered, &viewer_,
+                     [this, name, handler] { guarded(viewer_, name, [&] { handler(*this); }); });
+}
+
+void ViewerPrivate::popupMenu(PopupMenu which, QPointF pixel)
+{
+    if (QMenu* menu = menus_.menu(which)) {
+        ui_->popupMenu(*menu, viewer_.mapToGlobal(pixel.toPoint()));
+    }
+}
+
+void ViewerPrivate::typeEscape()
+{
+    for (const QEvent::Type type : {QEvent::KeyPress, QEvent::KeyRelease}) {
+        QKeyEvent escape(type, Qt::Key_Escape, Qt::NoModifier, QStringLiteral("\x1b"));
+        QCoreApplication::sendEvent(&viewer_, &escape);
+    }
 }
 
 void ViewerPrivate::selectToolCursor()
@@ -356,6 +474,7 @@ void ViewerPrivate::paint()
         }
         painter.drawImage(panOffset_, picture_);
     }
+    entryOverlay_.paint(painter, viewport_, tools_.state().vertices);
     if (surface.border == 1) {
         painter.setPen(viewer_.palette().color(QPalette::WindowText));
         painter.drawRect(viewer_.rect().adjusted(0, 0, -1, -1));
@@ -425,6 +544,8 @@ void ViewerPrivate::mouseRelease(const QMouseEvent& event)
     }
     if (tools_.click(release)) {
         emit viewer_.click();
+    } else {
+        popupMenu(tools_.rightClickMenu(), release.pixel);
     }
 }
 

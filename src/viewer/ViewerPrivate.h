@@ -3,9 +3,12 @@
 #include "model/MapDocument.h"
 #include "render/MapRenderer.h"
 #include "session/MapSession.h"
+#include "viewer/EntryOverlay.h"
 #include "viewer/MapToolHost.h"
+#include "viewer/PointEntry.h"
 #include "session/SessionEvents.h"
 #include "viewer/ToolController.h"
+#include "viewer/ToolMenus.h"
 #include "view/Viewport.h"
 
 #include <QImage>
@@ -56,6 +59,16 @@ public:
     void hideRubberBand() override;
     void setPanOffset(QPoint offset) override;
     void finishNavigation(int tool, bool completed) override;
+    Layers& layers() override { return document_.Layers(); }
+    void toolChanged(int number) override;
+    bool resetTool() override;
+    void selectToolCursor() override;
+    std::optional<Vertex> resolveInputPoint(MapPoint click) override { return pointEntry_.resolve(click); }
+    void showEnteredPoints() override;
+    void followPointer(const std::optional<QPointF>& pointer, bool closing) override;
+    void showToolStatus(const QString& text) override;
+    MessageAnswer messageBox(const QString& text, MessageButtons buttons, MessageIcon icon,
+                             const QString& caption) override;
 
     void setUiServices(UiServices& services);
     UiServices& ui() const { return *ui_; }
@@ -67,7 +80,11 @@ public:
     void armTool(int number);
     // Arms the zoom-by-factor tool with a new factor.
     void armZoomFactor(float factor);
-    void resetTool();
+    // Starts a tool's operation on a layer, once the current one is given up.
+    void selectTool(int number, std::int32_t targetLayer);
+    // Asks for the direction field of a layer; confirmed, the directions tool
+    // picks an element of it.
+    void setDirections(std::int32_t layerId);
     void showElements(std::int32_t layerId, const QList<int>& elements);
     void chooseToolTipLayer(int layerId, const QString& field);
     // The tooltip goes with the pointer.
@@ -93,6 +110,8 @@ public:
     const MapSession& session() const { return session_; }
     ToolController& tools() { return tools_; }
     const ToolController& tools() const { return tools_; }
+    // The steps in progress and the current tool's line, as the status label shows them.
+    QString statusText() const;
     QWidget* toolTipBox() const { return toolTipBox_; }
     const QLabel* toolTipLabel() const { return toolTipLabel_; }
 
@@ -126,7 +145,12 @@ private:
         showChangedView(changed);
         return changed;
     }
-    void selectToolCursor();
+    void connectMenus();
+    void onMenuItem(const char* name, void (*handler)(ViewerPrivate&));
+    void popupMenu(PopupMenu which, QPointF pixel);
+    // A press and release of Escape, as if typed.
+    void typeEscape();
+    void markSegment(const Vertex& first, const Vertex& second, const Vertex& click);
     void panByQuarter(int east, int north);
     MapMouseEvent mapEvent(const QMouseEvent& event) const;
 
@@ -138,6 +162,10 @@ private:
     MapSession session_;
     MapRenderer renderer_;
     ToolController tools_;
+    ToolMenus menus_;
+    PointEntry pointEntry_;
+    EntryOverlay entryOverlay_;
+    QString toolStatus_;
     QImage picture_;
     QPoint panOffset_;
 

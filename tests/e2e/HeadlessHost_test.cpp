@@ -85,4 +85,20 @@ TEST_F(HeadlessHostTest, LayerVisibilitySetsTheUsersLevelsAndRefusesWhatItCannot
                              "error \"layer-visibility: \\\"colour\\\" is not geometry, labels or directions\"\n");
 }
 
+// A dialog's script is queued before the menu item that opens it; the
+// right click offers the end menu, whose "Resume" tells the length.
+TEST_F(HeadlessHostTest, MenuItemsAndScriptedDialogsDriveAMeasurement)
+{
+    ASSERT_TRUE(run("MeasureDistance\ndialog dlgRelativeTo txtXCoord=2 OKButton\nmenu mnuRelativeTo\n"
+                    "mouse click 1 40 30\nmenu mnuEndPoint\nmouse click 1 190 30\nmouse click 2 190 30\n"
+                    "menu mnuCerrarPline\nmenu mnuSeparator\n"));
+    QCoreApplication::processEvents();
+    for (const char* line : {"dialog dlgRelativeTo \"Relative To\"\n", "event click\n",
+                             "menu mnuEnd \"MenuEndPoint\"\n",
+                             "msgbox none \"Orbelan Viewer\" \"Total distance: 6 m.\"\n",
+                             "error \"menu needs an item of the control's menus\"\n"}) {
+        EXPECT_NE(out.str().find(line), std::string::npos) << line;
+    }
+}
+
 } // namespace

@@ -5,6 +5,7 @@
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QToolBar>
 
 #include <gtest/gtest.h>
 
@@ -36,6 +37,21 @@ TEST(MainWindow, TheMapMenuOffersTheControlsCommandsButNoQueries)
     }
     EXPECT_FALSE(entries.contains("CurrentZoom"));
     EXPECT_FALSE(entries.contains("SetView"));
+}
+
+// The button of the current tool is the one pressed, whoever chose the tool.
+TEST(MainWindow, TheToolBarFollowsTheCurrentTool)
+{
+    auto* viewer = new orbelan::Viewer;
+    viewer->setUserMode(false);
+    orbelan::MainWindow window(viewer);
+    const QList<QAction*> buttons = window.findChild<QToolBar*>("tbTools")->actions();
+    ASSERT_EQ(buttons.size(), 4);
+    buttons[3]->trigger();
+    EXPECT_EQ(viewer->currentTool(), 8);
+    viewer->Pan();
+    EXPECT_TRUE(buttons[2]->isChecked());
+    EXPECT_FALSE(buttons[3]->isChecked());
 }
 
 } // namespace

@@ -45,7 +45,7 @@ TEST(dlgAbout, OnlyCmdOKClearsTheCancelledFlag)
     ScriptedUiServices services;
     dlgAbout confirmed;
     EXPECT_TRUE(confirmed.cancelled());
-    services.queueDialog({{}, "cmdOK"});
+    services.queueDialog({"dlgAbout", {}, "cmdOK"});
     EXPECT_EQ(services.execDialog(confirmed), QDialog::Accepted);
     EXPECT_FALSE(confirmed.cancelled());
 

@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <QPixmap>
+#include <QPolygonF>
 
 #include <functional>
 
@@ -49,6 +50,38 @@ QCursor pan()
     return QCursor(image, 16, 16);
 }
 
+// Cross hairs whose centre is the hot spot, with a mark in the lower right
+// quarter that tells the tools apart.
+QCursor crossHairs(const std::function<void(QPainter&)>& mark)
+{
+    QPixmap image(kSize, kSize);
+    image.fill(Qt::transparent);
+    QPainter painter(&image);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const QColor& colour : {QColor(Qt::white), QColor(Qt::black)}) {
+        painter.setPen(QPen(colour, colour == Qt::white ? 3 : 1));
+        painter.drawLine(QPointF(10, 1), QPointF(10, 19));
+        painter.drawLine(QPointF(1, 10), QPointF(19, 10));
+    }
+    painter.setPen(QPen(Qt::black, 2));
+    painter.setBrush(Qt::white);
+    mark(painter);
+    return QCursor(image, 10, 10);
+}
+
+// A letter in a white box, as the mark of cross hairs.
+QCursor lettered(const QString& letter)
+{
+    return crossHairs([&](QPainter& p) {
+        p.drawRect(QRectF(18, 18, 12, 12));
+        QFont font = p.font();
+        font.setPixelSize(10);
+        font.setBold(true);
+        p.setFont(font);
+        p.drawText(QRectF(18, 18, 12, 12), Qt::AlignCenter, letter);
+    });
+}
+
 } // namespace
 
 QCursor cursor(Resource resource)
@@ -67,6 +100,24 @@ QCursor cursor(Resource resource)
         return magnifier([&](QPainter& p) { p.setPen(mark); p.drawLine(8, 12, 16, 12); });
     case Pan:
         return pan();
+    case Information:
+        return lettered(QStringLiteral("i"));
+    case EditInformation:
+        return lettered(QStringLiteral("e"));
+    case Erase:
+        return lettered(QStringLiteral("x"));
+    case NewPoint:
+        return crossHairs([](QPainter& p) { p.drawEllipse(QPointF(24, 24), 4, 4); });
+    case Measure:
+        return crossHairs([](QPainter& p) {
+            p.drawRect(QRectF(16, 21, 15, 6));
+            p.drawLine(QPointF(21, 21), QPointF(21, 24));
+            p.drawLine(QPointF(26, 21), QPointF(26, 24));
+        });
+    case NewPolyline:
+        return crossHairs([](QPainter& p) { p.drawPolyline(QPolygonF({{17, 30}, {22, 20}, {26, 27}, {31, 18}})); });
+    case NewPolygon:
+        return crossHairs([](QPainter& p) { p.drawPolygon(QPolygonF({{17, 30}, {20, 18}, {31, 21}, {28, 30}})); });
     }
     return QCursor(Qt::ArrowCursor);
 }

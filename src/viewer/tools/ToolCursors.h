@@ -4,9 +4,21 @@
 
 namespace orbelan::toolcursors {
 
-// The cursors of the navigation tools, drawn here rather than shipped as
-// images: 101 zoom window, 102 pan, 105 zoom in, 106 zoom out.
-enum Resource { ZoomWindow = 101, Pan = 102, ZoomIn = 105, ZoomOut = 106 };
+// The cursors of the tools, by their resource numbers, drawn here rather
+// than shipped as images.
+enum Resource {
+    ZoomWindow = 101,
+    Pan = 102,
+    Information = 103,
+    NewPoint = 104,
+    ZoomIn = 105,
+    ZoomOut = 106,
+    EditInformation = 107,
+    Erase = 108,
+    Measure = 109,
+    NewPolyline = 110,
+    NewPolygon = 111,
+};
 
 QCursor cursor(Resource resource);
 

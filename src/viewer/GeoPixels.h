@@ -1,0 +1,19 @@
+#pragma once
+
+#include "model/Vertex.h"
+#include "view/Viewport.h"
+
+#include <QPointF>
+
+#include <optional>
+
+namespace orbelan {
+
+// The pixel of a point in degrees; nothing when the projection cannot place it.
+std::optional<QPointF> pixelOf(const Viewport& view, const Vertex& point);
+// The degrees of a point of the map's plane; nothing off the globe.
+std::optional<Vertex> geographicOf(const Viewport& view, MapPoint point);
+// The point of the map's plane of a point in degrees.
+std::optional<MapPoint> projectedOf(const Viewport& view, const Vertex& point);
+
+} // namespace orbelan
