@@ -47,7 +47,7 @@ std::string cellText(const std::string& text)
 // The row's number and name: "3 never-read".
 std::string title(const RowResult& row)
 {
-    const auto at = std::ranges::find(LoadOptions::kRows, row.name);
+    const auto at = std::ranges::find(LoadOptions::kRows, row.name.substr(0, row.name.find(' ')));
     return std::to_string(at - LoadOptions::kRows.begin() + 1) + " " + row.name;
 }
 

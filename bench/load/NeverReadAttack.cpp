@@ -1,5 +1,6 @@
 #include "load/NeverReadAttack.h"
 
+#include "load/AttackerPriority.h"
 #include "load/SourceAddresses.h"
 #include "load/TextFormat.h"
 #include "load/WellBehavedClient.h"
@@ -42,6 +43,7 @@ NeverReadAttack::NeverReadAttack(const sockaddr_in& server, LargestCell target)
 
 void NeverReadAttack::pump(const std::stop_token& stop)
 {
+    runAsBackground();
     std::vector<pollfd> entries;
     for (const WireConnection& client : clients_) {
         entries.push_back({client.socket().fd(), POLLOUT, 0});

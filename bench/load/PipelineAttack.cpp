@@ -1,5 +1,6 @@
 #include "load/PipelineAttack.h"
 
+#include "load/AttackerPriority.h"
 #include "load/TextFormat.h"
 
 #include <poll.h>
@@ -18,6 +19,7 @@ PipelineAttack::PipelineAttack(std::string what, std::vector<Pipeline> pipelines
 
 void PipelineAttack::drive(const std::stop_token& stop, Clock::time_point deadline)
 {
+    runAsBackground();
     std::vector<pollfd> entries(pipelines_.size());
     while (!stop.stop_requested() && !allFinished() && Clock::now() < deadline) {
         for (std::size_t i = 0; i < pipelines_.size(); ++i) {
