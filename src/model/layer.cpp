@@ -312,32 +312,32 @@ bool layer::isShown(const Entidad& entity) const
     return Tipo == polygonlayer && theme->FillStyle != 1;
 }
 
-std::int32_t layer::SelectByPoint(double X, double Y)
+std::int32_t layer::SelectByPoint(double X, double Y, double reach)
 {
     if (!Selectable || drawnIDs_.empty()) {
         return 0;
     }
     const Entidad* hit = nullptr;
     if (Tipo >= pointlayer && Tipo <= 3) {
-        hit = nearestDrawn(X, Y);
+        hit = nearestDrawn(X, Y, std::max(kPickTolerance, reach));
     } else if (Tipo == polygonlayer) {
         hit = firstDrawnPolygonAt(X, Y);
     }
     return hit == nullptr ? 0 : hit->ID;
 }
 
-void layer::SelectByPointMany(double X, double Y, std::vector<std::int32_t>& Entities)
+void layer::SelectByPointMany(double X, double Y, std::vector<std::int32_t>& Entities, double reach)
 {
     if (!Selectable || drawnIDs_.empty()) {
         return;
     }
     if (Tipo == pointlayer) {
-        appendPointsNear(X, Y, Entities);
+        appendPointsNear(X, Y, Entities, std::max(kPointsPickTolerance, reach));
         return;
     }
     const Entidad* hit = nullptr;
     if (Tipo == polylinelayer || Tipo == 3) {
-        hit = nearestDrawn(X, Y);
+        hit = nearestDrawn(X, Y, std::max(kPickTolerance, reach));
     } else if (Tipo == polygonlayer) {
         hit = firstDrawnPolygonAt(X, Y);
     }
@@ -346,18 +346,18 @@ void layer::SelectByPointMany(double X, double Y, std::vector<std::int32_t>& Ent
     }
 }
 
-const Entidad* layer::nearestDrawn(double X, double Y)
+const Entidad* layer::nearestDrawn(double X, double Y, double tolerance)
 {
     double best = kSearchStart;
     const Entidad* nearest = nullptr;
     for (const Entidad* entity : drawnEntities()) {
-        const double distance = pickDistance(entity, X, Y, kPickTolerance);
+        const double distance = pickDistance(entity, X, Y, tolerance);
         if (distance <= best) {
             best = distance;
             nearest = entity;
         }
     }
-    return best < kPickTolerance ? nearest : nullptr;
+    return best < tolerance ? nearest : nullptr;
 }
 
 const Entidad* layer::firstDrawnPolygonAt(double X, double Y)
@@ -371,14 +371,14 @@ const Entidad* layer::firstDrawnPolygonAt(double X, double Y)
 }
 
 // Each point goes in as it ties or improves on every one before it.
-void layer::appendPointsNear(double X, double Y, std::vector<std::int32_t>& ids)
+void layer::appendPointsNear(double X, double Y, std::vector<std::int32_t>& ids, double tolerance)
 {
     double best = kSearchStart;
     for (const Entidad* entity : drawnEntities()) {
-        const double distance = pickDistance(entity, X, Y, kPointsPickTolerance);
+        const double distance = pickDistance(entity, X, Y, tolerance);
         if (distance <= best) {
             best = distance;
-            if (distance < kPointsPickTolerance) {
+            if (distance < tolerance) {
                 appendID(ids, entity->ID);
             }
         }

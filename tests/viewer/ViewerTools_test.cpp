@@ -153,6 +153,23 @@ TEST_F(ViewerTools, DrawnPolygonSelectsByItsContainmentRule)
     }
 }
 
+// Far out, three pixels reach well beyond the layer's own tolerance.
+TEST_F(ViewerTools, APickReachesThreePixels)
+{
+    layer& roads = addLayer(6, polylinelayer, 0);
+    roads.Selectable = true;
+    roads.Entidades.AddEntity(9, std::vector<Vertex>{{-5, 0}, {5, 0}}, roads);
+    viewer.Redraw();
+    QSignalSpy selections(&viewer, &Viewer::SelectionSet);
+    viewer.SelectObjects(6);
+    click({200, 104}, Qt::RightButton);
+    click({200, 104}); // 0.2 degrees off
+    click({200, 102});
+    choose("mnuEndSelection");
+    ASSERT_EQ(selections.size(), 1);
+    EXPECT_EQ(selections.front().at(2).value<QList<int>>(), QList<int>{9});
+}
+
 TEST_F(ViewerTools, EscapeEndsASelectionWithoutTellingIt)
 {
     addParcels();

@@ -8,7 +8,7 @@ namespace orbelan {
 
 void DirectionsTool::click(const MapMouseEvent& event)
 {
-    if (const std::int32_t id = pickElement(host(), state().targetLayer, event.map); id > 0) {
+    if (const std::int32_t id = pickElement(host(), state().targetLayer, event.pixel); id > 0) {
         state().picked.add(id);
     }
     host().redrawMap();

@@ -6,11 +6,12 @@
 
 namespace orbelan {
 
-std::int32_t pickElement(MapToolHost& host, std::int32_t layerId, MapPoint at)
+std::int32_t pickElement(MapToolHost& host, std::int32_t layerId, QPointF pixel)
 {
+    const Viewport& view = host.viewport();
     layer* target = host.layers().Find(layerId);
-    const auto geographic = geographicOf(host.viewport(), at);
-    return target && geographic ? target->SelectByPoint(geographic->X, geographic->Y) : 0;
+    const auto at = geographicOf(view, view.toMap(pixel.x(), pixel.y()));
+    return target && at ? target->SelectByPoint(at->X, at->Y, pickReach(view, pixel)) : 0;
 }
 
 } // namespace orbelan

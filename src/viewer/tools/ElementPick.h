@@ -1,6 +1,6 @@
 #pragma once
 
-#include "view/Viewport.h"
+#include <QPointF>
 
 #include <cstdint>
 
@@ -8,8 +8,9 @@ namespace orbelan {
 
 class MapToolHost;
 
-// The drawn element of the layer under a point of the map's plane, or 0
-// when there is none, the layer does not exist or the point is off the globe.
-std::int32_t pickElement(MapToolHost& host, std::int32_t layerId, MapPoint at);
+// The drawn element of the layer under the pixel, within the layer's pick
+// tolerance or three pixels, or 0 when there is none, the layer does not
+// exist or the pixel is off the globe.
+std::int32_t pickElement(MapToolHost& host, std::int32_t layerId, QPointF pixel);
 
 } // namespace orbelan

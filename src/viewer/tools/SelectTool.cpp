@@ -44,7 +44,7 @@ void SelectTool::click(const MapMouseEvent& event)
     if (method == kDrawnPolygon) {
         PointEntryTool::click(event);
     } else if (method == kIndividual) {
-        if (const std::int32_t id = pickElement(host(), state().targetLayer, event.map); id > 0) {
+        if (const std::int32_t id = pickElement(host(), state().targetLayer, event.pixel); id > 0) {
             collect({id});
         }
         host().redrawMap();
