@@ -101,12 +101,13 @@ bool verticesInside(const Entidad& entity, const Entidad& polygon, bool whole)
 }
 
 // The best answer of query over the entities; on equal distances the later
-// entity wins.
-template <typename Match, typename Query>
-Match nearestOf(std::span<Entidad* const> entities, Match best, Query query)
+// entity wins. An entity that passOver tells, by the best distance so far,
+// that it can neither beat nor tie is not asked.
+template <typename Match, typename Query, typename PassOver>
+Match nearestOf(std::span<Entidad* const> entities, Match best, Query query, PassOver passOver)
 {
     for (const Entidad* entity : entities) {
-        if (entity != nullptr) {
+        if (entity != nullptr && !passOver(*entity, best.distance)) {
             Match match = query(*entity);
             if (match.distance <= best.distance) {
                 best = match;
@@ -426,14 +427,22 @@ std::vector<std::int32_t> layer::SelectElementsInPolygon(std::span<const double>
 
 SegmentMatch layer::NearestSegmentInLayer(double x, double y)
 {
-    return nearestOf(drawnEntities(), SegmentMatch{Entidad::kNoSegment, {}, {}},
-                     [x, y](const Entidad& entity) { return entity.GetNearestSegment(x, y); });
+    // A segment's distance is measured to its whole line, which may come
+    // closer than its box: every entity is asked.
+    return nearestOf(
+        drawnEntities(), SegmentMatch{Entidad::kNoSegment, {}, {}},
+        [x, y](const Entidad& entity) { return entity.GetNearestSegment(x, y); },
+        [](const Entidad&, double) { return false; });
 }
 
 VertexMatch layer::NearestVertexInLayer(double x, double y)
 {
-    return nearestOf(drawnEntities(), VertexMatch{Entidad::kNoVertex, {}},
-                     [x, y](const Entidad& entity) { return entity.NearestVertex(x, y); });
+    // A vertex lies in its entity's box, so a box out of reach of the best
+    // distance so far holds no vertex as near.
+    return nearestOf(
+        drawnEntities(), VertexMatch{Entidad::kNoVertex, {}},
+        [x, y](const Entidad& entity) { return entity.NearestVertex(x, y); },
+        [x, y](const Entidad& entity, double best) { return outOfReach(entity, x, y, best); });
 }
 
 void layer::CalculateThemeObject(Entidad* ent) const
