@@ -297,8 +297,7 @@ std::int32_t firstBlockInView(const layer& parcels, const Viewport& view, QRect 
         const bool whole = id % 4 == 1 && std::ranges::all_of(block, [&](const Entidad* parcel) {
             return parcel && parcel->UboundPoints() == 5 && std::ranges::all_of(parcel->Points(), inPicture);
         });
-        if (whole && block[0]->Points()[2] == block[1]->Points()[3] && block[0]->Points()[2] == block[2]->Points()[1] &&
-            block[0]->Points()[2] == block[3]->Points()[0]) {
+        if (whole) {
             return id;
         }
     }
