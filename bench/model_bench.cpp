@@ -118,26 +118,50 @@ BENCHMARK(BM_AddMillionPolylines)->Unit(benchmark::kMillisecond)->Iterations(3);
 // Clicks at random places along the drawn lines, 0.1 and 0.3 thousandths of
 // a degree off one of them: every click hits, after a look at every drawn
 // line.
-void BM_SelectByPoint(benchmark::State& state)
+std::vector<Vertex> clicksAlongLines()
 {
-    std::unique_ptr<layer> lines = polylineLayer(kHundredThousand, true);
     std::mt19937 random(7);
     std::vector<Vertex> clicks(1024);
     for (Vertex& click : clicks) {
         const auto line = polyline(static_cast<std::int32_t>(random() % kHundredThousand) + 1);
         click = {(line[2].X + line[3].X) / 2, (line[2].Y + line[3].Y) / 2 + (random() % 2 == 0 ? 0.0001 : 0.0003)};
     }
+    return clicks;
+}
+
+// The argument is the reach of three pixels in millionths of a degree: 0 in
+// a close view, where the layer's tolerance rules; 10,000 in a view of the
+// whole layer, where a pick looks at lines ten spacings around.
+void BM_SelectByPoint(benchmark::State& state)
+{
+    std::unique_ptr<layer> lines = polylineLayer(kHundredThousand, true);
+    const std::vector<Vertex> clicks = clicksAlongLines();
+    const double reach = static_cast<double>(state.range(0)) * 1E-6;
     std::size_t next = 0;
     std::int64_t hits = 0;
     for (auto _ : state) {
         const Vertex& click = clicks[next++ % clicks.size()];
-        const std::int32_t id = lines->SelectByPoint(click.X, click.Y);
+        const std::int32_t id = lines->SelectByPoint(click.X, click.Y, reach);
         hits += id != 0 ? 1 : 0;
         benchmark::DoNotOptimize(id);
     }
     state.counters["hit_share"] = static_cast<double>(hits) / static_cast<double>(state.iterations());
 }
-BENCHMARK(BM_SelectByPoint)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BM_SelectByPoint)->Arg(0)->Arg(10'000)->Unit(benchmark::kMicrosecond);
+
+// The snapping of the end point under the moving mouse: the nearest vertex
+// of any drawn line.
+void BM_NearestVertexInLayer(benchmark::State& state)
+{
+    std::unique_ptr<layer> lines = polylineLayer(kHundredThousand, true);
+    const std::vector<Vertex> clicks = clicksAlongLines();
+    std::size_t next = 0;
+    for (auto _ : state) {
+        const Vertex& click = clicks[next++ % clicks.size()];
+        benchmark::DoNotOptimize(lines->NearestVertexInLayer(click.X, click.Y));
+    }
+}
+BENCHMARK(BM_NearestVertexInLayer)->Unit(benchmark::kMicrosecond);
 
 // A 20-vertex ring over about a tenth of the layer's extent.
 void BM_SelectElementsInPolygon(benchmark::State& state)

@@ -2,14 +2,19 @@
 
 #include "orbelan-viewer/EventRelay.h"
 #include "orbelan-viewer/LineFormat.h"
+#include "model/Layers.h"
 #include "viewer/Viewer.h"
 #include "viewer/tools/ToolCursors.h"
 
 #include <QActionGroup>
 #include <QMenuBar>
 #include <QMetaMethod>
+#include <QPainter>
+#include <QPolygonF>
 #include <QStatusBar>
 #include <QToolBar>
+
+#include <optional>
 
 namespace orbelan {
 
@@ -18,11 +23,23 @@ namespace {
 constexpr int kStatusMessageMilliseconds = 4000;
 constexpr float kClickZoomFactor = 2;
 
+// The layer the tool bar selects on: the map's first polygon layer; 0, which
+// the control refuses, when it has none.
+int selectionLayer(Viewer& viewer)
+{
+    for (const layer& mapLayer : viewer.Layers()) {
+        if (mapLayer.Tipo == polygonlayer) {
+            return mapLayer.IDLayer;
+        }
+    }
+    return 0;
+}
+
 // A mouse tool of the tool bar: the number the control reports while it is
-// current, its icon and what selects it.
+// current, its pointer (none for the default arrow) and what selects it.
 struct ToolButton {
     int tool;
-    toolcursors::Resource icon;
+    std::optional<toolcursors::Resource> cursor;
     const char* tip;
     void (*select)(Viewer&);
 };
@@ -32,7 +49,25 @@ const ToolButton kToolButtons[] = {
     {2, toolcursors::ZoomIn, "Zoom In at a Click", [](Viewer& v) { v.ZoomFactor(kClickZoomFactor); }},
     {3, toolcursors::Pan, "Pan", [](Viewer& v) { v.Pan(); }},
     {8, toolcursors::Measure, "Measure Distance", [](Viewer& v) { v.MeasureDistance(); }},
+    {11, std::nullopt, "Select objects", [](Viewer& v) { v.SelectObjects(selectionLayer(v)); }},
 };
+
+// The button shows the tool's pointer.
+QIcon iconOf(const ToolButton& button)
+{
+    if (button.cursor) {
+        return QIcon(toolcursors::cursor(*button.cursor).pixmap());
+    }
+    constexpr int kSize = 32;
+    QPixmap arrow(kSize, kSize);
+    arrow.fill(Qt::transparent);
+    QPainter painter(&arrow);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(Qt::black, 2));
+    painter.setBrush(Qt::white);
+    painter.drawPolygon(QPolygonF({{8, 4}, {8, 26}, {14, 20}, {19, 29}, {23, 27}, {18, 18}, {26, 18}}));
+    return QIcon(arrow);
+}
 
 } // namespace
 
@@ -54,7 +89,7 @@ void MainWindow::addToolBar()
     auto* buttons = new QActionGroup(bar);
     buttons->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
     for (const ToolButton& button : kToolButtons) {
-        QAction* action = bar->addAction(QIcon(toolcursors::cursor(button.icon).pixmap()), tr(button.tip));
+        QAction* action = bar->addAction(iconOf(button), tr(button.tip));
         action->setCheckable(true);
         buttons->addAction(action);
         const auto follow = [action, button](int tool) { action->setChecked(tool == button.tool); };

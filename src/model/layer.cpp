@@ -101,12 +101,13 @@ bool verticesInside(const Entidad& entity, const Entidad& polygon, bool whole)
 }
 
 // The best answer of query over the entities; on equal distances the later
-// entity wins.
-template <typename Match, typename Query>
-Match nearestOf(std::span<Entidad* const> entities, Match best, Query query)
+// entity wins. An entity that passOver tells, by the best distance so far,
+// that it can neither beat nor tie is not asked.
+template <typename Match, typename Query, typename PassOver>
+Match nearestOf(std::span<Entidad* const> entities, Match best, Query query, PassOver passOver)
 {
     for (const Entidad* entity : entities) {
-        if (entity != nullptr) {
+        if (entity != nullptr && !passOver(*entity, best.distance)) {
             Match match = query(*entity);
             if (match.distance <= best.distance) {
                 best = match;
@@ -312,32 +313,32 @@ bool layer::isShown(const Entidad& entity) const
     return Tipo == polygonlayer && theme->FillStyle != 1;
 }
 
-std::int32_t layer::SelectByPoint(double X, double Y)
+std::int32_t layer::SelectByPoint(double X, double Y, double reach)
 {
     if (!Selectable || drawnIDs_.empty()) {
         return 0;
     }
     const Entidad* hit = nullptr;
     if (Tipo >= pointlayer && Tipo <= 3) {
-        hit = nearestDrawn(X, Y);
+        hit = nearestDrawn(X, Y, std::max(kPickTolerance, reach));
     } else if (Tipo == polygonlayer) {
         hit = firstDrawnPolygonAt(X, Y);
     }
     return hit == nullptr ? 0 : hit->ID;
 }
 
-void layer::SelectByPointMany(double X, double Y, std::vector<std::int32_t>& Entities)
+void layer::SelectByPointMany(double X, double Y, std::vector<std::int32_t>& Entities, double reach)
 {
     if (!Selectable || drawnIDs_.empty()) {
         return;
     }
     if (Tipo == pointlayer) {
-        appendPointsNear(X, Y, Entities);
+        appendPointsNear(X, Y, Entities, std::max(kPointsPickTolerance, reach));
         return;
     }
     const Entidad* hit = nullptr;
     if (Tipo == polylinelayer || Tipo == 3) {
-        hit = nearestDrawn(X, Y);
+        hit = nearestDrawn(X, Y, std::max(kPickTolerance, reach));
     } else if (Tipo == polygonlayer) {
         hit = firstDrawnPolygonAt(X, Y);
     }
@@ -346,18 +347,18 @@ void layer::SelectByPointMany(double X, double Y, std::vector<std::int32_t>& Ent
     }
 }
 
-const Entidad* layer::nearestDrawn(double X, double Y)
+const Entidad* layer::nearestDrawn(double X, double Y, double tolerance)
 {
     double best = kSearchStart;
     const Entidad* nearest = nullptr;
     for (const Entidad* entity : drawnEntities()) {
-        const double distance = pickDistance(entity, X, Y, kPickTolerance);
+        const double distance = pickDistance(entity, X, Y, tolerance);
         if (distance <= best) {
             best = distance;
             nearest = entity;
         }
     }
-    return best < kPickTolerance ? nearest : nullptr;
+    return best < tolerance ? nearest : nullptr;
 }
 
 const Entidad* layer::firstDrawnPolygonAt(double X, double Y)
@@ -371,14 +372,14 @@ const Entidad* layer::firstDrawnPolygonAt(double X, double Y)
 }
 
 // Each point goes in as it ties or improves on every one before it.
-void layer::appendPointsNear(double X, double Y, std::vector<std::int32_t>& ids)
+void layer::appendPointsNear(double X, double Y, std::vector<std::int32_t>& ids, double tolerance)
 {
     double best = kSearchStart;
     for (const Entidad* entity : drawnEntities()) {
-        const double distance = pickDistance(entity, X, Y, kPointsPickTolerance);
+        const double distance = pickDistance(entity, X, Y, tolerance);
         if (distance <= best) {
             best = distance;
-            if (distance < kPointsPickTolerance) {
+            if (distance < tolerance) {
                 appendID(ids, entity->ID);
             }
         }
@@ -426,14 +427,22 @@ std::vector<std::int32_t> layer::SelectElementsInPolygon(std::span<const double>
 
 SegmentMatch layer::NearestSegmentInLayer(double x, double y)
 {
-    return nearestOf(drawnEntities(), SegmentMatch{Entidad::kNoSegment, {}, {}},
-                     [x, y](const Entidad& entity) { return entity.GetNearestSegment(x, y); });
+    // A segment's distance is measured to its whole line, which may come
+    // closer than its box: every entity is asked.
+    return nearestOf(
+        drawnEntities(), SegmentMatch{Entidad::kNoSegment, {}, {}},
+        [x, y](const Entidad& entity) { return entity.GetNearestSegment(x, y); },
+        [](const Entidad&, double) { return false; });
 }
 
 VertexMatch layer::NearestVertexInLayer(double x, double y)
 {
-    return nearestOf(drawnEntities(), VertexMatch{Entidad::kNoVertex, {}},
-                     [x, y](const Entidad& entity) { return entity.NearestVertex(x, y); });
+    // A vertex lies in its entity's box, so a box out of reach of the best
+    // distance so far holds no vertex as near.
+    return nearestOf(
+        drawnEntities(), VertexMatch{Entidad::kNoVertex, {}},
+        [x, y](const Entidad& entity) { return entity.NearestVertex(x, y); },
+        [x, y](const Entidad& entity, double best) { return outOfReach(entity, x, y, best); });
 }
 
 void layer::CalculateThemeObject(Entidad* ent) const

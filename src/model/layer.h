@@ -170,13 +170,15 @@ public:
 
     // The drawn entity under the point, or 0: for points and lines the nearest
     // one closer than kPickTolerance (of equal distances the later one), for
-    // polygons the first that contains the point.
-    std::int32_t SelectByPoint(double X, double Y);
+    // polygons the first that contains the point. A reach beyond the
+    // tolerance widens it (a few pixels of a view far out).
+    std::int32_t SelectByPoint(double X, double Y, double reach = 0);
     // Adds the entities under the point to the caller's IDs: for points every
-    // one closer than kPointsPickTolerance that ties or improves on all before
-    // it, for lines and polygons the one SelectByPoint finds. An ID goes into
-    // the last element when that is 0 or less, else after it.
-    void SelectByPointMany(double X, double Y, std::vector<std::int32_t>& Entities);
+    // one closer than kPointsPickTolerance (or the reach beyond it) that ties
+    // or improves on all before it, for lines and polygons the one
+    // SelectByPoint finds. An ID goes into the last element when that is 0 or
+    // less, else after it.
+    void SelectByPointMany(double X, double Y, std::vector<std::int32_t>& Entities, double reach = 0);
     // The IDs, in collection order, of all entities with a vertex inside the
     // polygon, or with every vertex inside it when WholeElementInside.
     // std::invalid_argument when X and Y differ in length.
@@ -231,9 +233,9 @@ private:
     bool isShown(const Entidad& entity) const;
     double pickDistance(const Entidad* entity, double X, double Y, double tolerance) const;
     std::span<Entidad* const> drawnEntities();
-    const Entidad* nearestDrawn(double X, double Y);
+    const Entidad* nearestDrawn(double X, double Y, double tolerance);
     const Entidad* firstDrawnPolygonAt(double X, double Y);
-    void appendPointsNear(double X, double Y, std::vector<std::int32_t>& ids);
+    void appendPointsNear(double X, double Y, std::vector<std::int32_t>& ids, double tolerance);
     std::int32_t textClass(std::string_view value) const;
     std::int32_t numericClass(std::string_view value) const;
     void redrawIncrementally(const std::vector<std::int32_t>& newIDs, const BoundingBox& BBox, MapCanvas& Wnd);

@@ -47,4 +47,16 @@ void MapRenderer::render(QImage& picture, const Viewport& view, MapDocument& doc
     }
 }
 
+void MapRenderer::highlight(QImage& picture, const Viewport& view, layer& target,
+                            std::span<const std::int32_t> ids) const
+{
+    if (!view.viewReady() || picture.isNull()) {
+        return;
+    }
+    QtMapCanvas canvas(picture, view, palette_);
+    for (const std::int32_t id : ids) {
+        target.resaltar(id, view.viewBox(), canvas);
+    }
+}
+
 } // namespace orbelan

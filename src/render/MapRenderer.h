@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <span>
 
 class QImage;
 
@@ -12,6 +13,7 @@ namespace orbelan {
 
 class MapDocument;
 class Viewport;
+class layer;
 
 // Draws a map for a view into a picture, with no widget involved: the
 // picture is cleared with the map's background colour, then every layer's
@@ -34,6 +36,10 @@ public:
     // drawn last (their drawn elements are not looked up again).
     void render(QImage& picture, const Viewport& view, MapDocument& document,
                 std::optional<std::int32_t> onlyLayer = std::nullopt) const;
+
+    // Draws the elements of the layer highlighted over the picture.
+    void highlight(QImage& picture, const Viewport& view, layer& target,
+                   std::span<const std::int32_t> ids) const;
 
 private:
     QPalette palette_;

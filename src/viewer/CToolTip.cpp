@@ -1,6 +1,7 @@
 #include "viewer/CToolTip.h"
 
 #include "model/Layers.h"
+#include "viewer/GeoPixels.h"
 #include "view/Viewport.h"
 
 #include <QLabel>
@@ -110,7 +111,7 @@ std::optional<QString> CToolTip::labelUnderPointer() const
         !view_.screenToGeographic(currentX_, currentY_, lon, lat)) {
         return std::nullopt;
     }
-    const std::int32_t id = mapLayer->SelectByPoint(lon, lat);
+    const std::int32_t id = mapLayer->SelectByPoint(lon, lat, pickReach(view_, QPointF(currentX_, currentY_)));
     const Entidad* entity = id > 0 ? mapLayer->Entidades.Find(id) : nullptr;
     if (!entity) {
         return std::nullopt;

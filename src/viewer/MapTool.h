@@ -54,6 +54,9 @@ public:
     // last point.
     virtual void closeLine() {}
     virtual void eraseLastPoint() {}
+    // The picked elements are what the operation wanted ("Resume" of the
+    // selection menu).
+    virtual void endSelection() {}
 
 protected:
     MapToolHost& host() const { return host_; }

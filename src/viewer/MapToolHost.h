@@ -8,11 +8,14 @@
 #include <QPoint>
 #include <QRect>
 
+#include <cstdint>
 #include <optional>
+#include <vector>
 
 namespace orbelan {
 
 class Layers;
+class ToolMenus;
 
 // What a map tool may do to the control that hosts it: read the view, change
 // it, and show the feedback of a drag. Tools see this, never the widget.
@@ -55,6 +58,10 @@ public:
     // from the last point to it and, closing a polygon, on to the first
     // point; nothing hides them.
     virtual void followPointer(const std::optional<QPointF>& pointer, bool closing) = 0;
+    // The pop-up menus, whose check marks hold the tools' choices.
+    virtual ToolMenus& menus() = 0;
+    // Tells hosts which elements of the layer a selection collected.
+    virtual void selectionSet(std::int32_t layerId, const std::vector<std::int32_t>& ids) = 0;
     // A line of the status text that the tool keeps up to date; empty for none.
     virtual void showToolStatus(const QString& text) = 0;
     virtual MessageAnswer messageBox(const QString& text, MessageButtons buttons, MessageIcon icon,

@@ -5,6 +5,7 @@
 #include "viewer/tools/DirectionsTool.h"
 #include "viewer/tools/MeasureTool.h"
 #include "viewer/tools/PanTool.h"
+#include "viewer/tools/SelectTool.h"
 #include "viewer/tools/ZoomFactorTool.h"
 #include "viewer/tools/ZoomWindowTool.h"
 
@@ -37,6 +38,7 @@ ToolController::ToolController(MapToolHost& host)
     add<ZoomFactorTool>(tools_, host, state_);
     add<PanTool>(tools_, host, state_);
     add<MeasureTool>(tools_, host, state_);
+    add<SelectTool>(tools_, host, state_);
     add<DirectionsTool>(tools_, host, state_);
     zoomFactor_ = static_cast<ZoomFactorTool*>(tools_.at(ZoomFactorTool::kNumber).get());
 }
@@ -191,6 +193,13 @@ void ToolController::eraseLastPoint()
 {
     if (MapTool* current = tool()) {
         current->eraseLastPoint();
+    }
+}
+
+void ToolController::endSelection()
+{
+    if (MapTool* current = tool()) {
+        current->endSelection();
     }
 }
 

@@ -70,6 +70,10 @@ public:
     bool key(int keyCode, int shift);
     void closeLine();
     void eraseLastPoint();
+    void endSelection();
+    // Nothing picked, or no point entered, with the tool going on.
+    void clearPicked() { state_.picked.clear(); }
+    void clearEnteredPoints() { state_.vertices.clear(); }
 
 private:
     void makeCurrent(int number);

@@ -3,6 +3,7 @@
 #include <QActionGroup>
 #include <QMenu>
 
+#include <array>
 #include <initializer_list>
 #include <stdexcept>
 #include <utility>
@@ -14,6 +15,10 @@ namespace {
 constexpr int kNewPointTool = 5;
 constexpr int kNewPolylineTool = 6;
 constexpr int kNewPolygonTool = 7;
+
+// The items of the selection methods, in the methods' order from 1.
+constexpr std::array<const char*, 5> kSelectionMethods = {"mnuSelectIndividual", "mnuSelectPolygon",
+                                                          "mnuLayerPolygon", "mnuSQLSelect", "mnuCenterRadius"};
 
 // Items in order: name and caption; an empty caption is a separator.
 using Items = std::initializer_list<std::pair<const char*, const char*>>;
@@ -96,6 +101,7 @@ ToolMenus::ToolMenus(QWidget& control)
     group(*select_, {"mnuSelectIndividual", "mnuSelectPolygon", "mnuLayerPolygon", "mnuSQLSelect", "mnuCenterRadius"},
           Exclusive);
     group(*select_, {"mnuWholeElementInside", "mnuOneVertex"}, Exclusive);
+    item("mnuWholeElementInside").setChecked(true);
     item("mnuRemoveElementsFromSelection").setCheckable(true);
 }
 
@@ -129,6 +135,37 @@ void ToolMenus::toolSelected(int number)
         endPoint.setVisible(true);
         endPoint.setChecked(false);
     }
+}
+
+int ToolMenus::selectionMethod() const
+{
+    for (int method = 1; const char* name : kSelectionMethods) {
+        if (item(QString::fromLatin1(name)).isChecked()) {
+            return method;
+        }
+        ++method;
+    }
+    return 0;
+}
+
+void ToolMenus::setSelectionMethod(int method)
+{
+    item(QString::fromLatin1(kSelectionMethods.at(static_cast<std::size_t>(method - 1)))).setChecked(true);
+}
+
+bool ToolMenus::wholeElementInside() const
+{
+    return item(QStringLiteral("mnuWholeElementInside")).isChecked();
+}
+
+bool ToolMenus::removing() const
+{
+    return item(QStringLiteral("mnuRemoveElementsFromSelection")).isChecked();
+}
+
+void ToolMenus::stopRemoving()
+{
+    item(QStringLiteral("mnuRemoveElementsFromSelection")).setChecked(false);
 }
 
 } // namespace orbelan

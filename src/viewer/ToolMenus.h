@@ -26,6 +26,18 @@ public:
     // entered, offered unchecked while a line or polygon is.
     void toolSelected(int number);
 
+    // The selection's choices, as the check marks of mnuSelect show them.
+    // The method: 0 none yet, 1 individual, 2 drawn polygon, 3 layer
+    // polygon, 4 condition, 5 centre and radius.
+    int selectionMethod() const;
+    void setSelectionMethod(int method);
+    // Every vertex of an element must lie inside a drawn polygon, rather
+    // than one.
+    bool wholeElementInside() const;
+    // Picks and polygons take elements out of the selection.
+    bool removing() const;
+    void stopRemoving();
+
 private:
     QMenu* end_;
     QMenu* select_;

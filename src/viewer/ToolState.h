@@ -23,10 +23,6 @@ struct ToolState {
     int pressedButton = 0;
     // The tool's feedback follows the mouse.
     bool dragging = false;
-    // How the selection tools collect elements: 0 not chosen yet, 1 one at a
-    // time, 2 a drawn polygon, 3 a layer's polygon, 4 a condition, 5 a
-    // centre and radius.
-    int selectionMethod = 0;
     // The layer the current tool works on.
     std::int32_t targetLayer = 0;
     // The points entered so far, in degrees.

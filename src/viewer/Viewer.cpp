@@ -289,6 +289,7 @@ void Viewer::MeasureDistance()
     guarded(*this, "MeasureDistance", [this] { d_->selectTool(MeasureTool::kNumber, 0); });
 }
 void Viewer::SetDirections(int IDLayer) { guarded(*this, "SetDirections", [&] { d_->setDirections(IDLayer); }); }
+void Viewer::SelectObjects(int IDLayer) { guarded(*this, "SelectObjects", [&] { d_->selectObjects(IDLayer); }); }
 
 void Viewer::ZoomFactor(float Factor)
 {

@@ -174,6 +174,10 @@ public:
     // Asks for the field of layer IDLayer that gives its elements'
     // directions; confirmed, a click picks an element of the layer.
     Q_INVOKABLE void SetDirections(int IDLayer);
+    // Starts collecting elements of layer IDLayer with the mouse, one at a
+    // time or inside a drawn polygon, as the right click's menu chooses;
+    // its "Resume" raises SelectionSet with them.
+    Q_INVOKABLE void SelectObjects(int IDLayer);
     // Height of the view in kilometres.
     Q_INVOKABLE float CurrentZoom() const;
     // Shows the union of the boxes of the given elements of a layer. One
@@ -188,7 +192,7 @@ public:
     void RequestMissingCells();
 
     // The current mouse tool: 0 none, 1 zoom window, 2 zoom by factor, 3 pan,
-    // 8 measure distance, 20 pick an element for directions.
+    // 8 measure distance, 11 select objects, 20 pick an element for directions.
     int currentTool() const;
     std::int32_t PendingRequests() const;
     // No reply awaited, nothing unread or half received from the server.

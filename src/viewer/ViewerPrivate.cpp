@@ -9,6 +9,7 @@
 #include "ui/WidgetUiServices.h"
 #include "ui/dlgSetDirections.h"
 #include "viewer/tools/DirectionsTool.h"
+#include "viewer/tools/SelectTool.h"
 #include "viewer/tools/ZoomFactorTool.h"
 
 #include <QAction>
@@ -270,6 +271,12 @@ void ViewerPrivate::renderPicture(std::optional<std::int32_t> onlyLayer)
     renderer_.setPalette(viewer_.palette());
     renderer_.setTextMetrics(viewer_.font(), viewer_.logicalDpiY());
     renderer_.render(picture_, viewport_, document_, onlyLayer);
+    // What a tool picked stands out while the tool goes on.
+    const ToolState& tool = tools_.state();
+    layer* target = document_.Layers().Find(tool.targetLayer);
+    if (tool.current != ToolController::kNoTool && target) {
+        renderer_.highlight(picture_, viewport_, *target, tool.picked.ids());
+    }
     viewer_.update();
 }
 
@@ -339,14 +346,19 @@ void ViewerPrivate::selectTool(int number, std::int32_t targetLayer)
     }
 }
 
-void ViewerPrivate::setDirections(std::int32_t layerId)
+const layer& ViewerPrivate::existingLayer(std::int32_t layerId)
 {
-    const layer* target = document_.Layers().Find(layerId);
-    if (!target) {
+    const layer* found = document_.Layers().Find(layerId);
+    if (!found) {
         throw std::invalid_argument("there is no layer " + std::to_string(layerId));
     }
+    return *found;
+}
+
+void ViewerPrivate::setDirections(std::int32_t layerId)
+{
     QStringList fieldNames;
-    for (const Campo& field : target->Campos()) {
+    for (const Campo& field : existingLayer(layerId).Campos()) {
         fieldNames << QString::fromStdString(field.Nombre);
     }
     dlgSetDirections dialog(fieldNames, &viewer_);
@@ -354,6 +366,18 @@ void ViewerPrivate::setDirections(std::int32_t layerId)
     if (!dialog.cancelled()) {
         selectTool(DirectionsTool::kNumber, layerId);
     }
+}
+
+void ViewerPrivate::selectObjects(std::int32_t layerId)
+{
+    existingLayer(layerId);
+    selectTool(SelectTool::kNumber, layerId);
+}
+
+void ViewerPrivate::selectionSet(std::int32_t layerId, const std::vector<std::int32_t>& ids)
+{
+    const QList<int> elements(ids.begin(), ids.end());
+    emit viewer_.SelectionSet(layerId, static_cast<int>(elements.size()), elements);
 }
 
 void ViewerPrivate::toolChanged(int number)
@@ -391,6 +415,30 @@ void ViewerPrivate::connectMenus()
     onMenuItem("mnuRelativeTo", [](ViewerPrivate& d) { d.pointEntry_.relativeToChosen(); });
     onMenuItem("mnuSmartEndPoint", [](ViewerPrivate& d) { d.pointEntry_.smartEndPointChosen(); });
     onMenuItem("mnuCancelElement", [](ViewerPrivate& d) { d.typeEscape(); });
+    onMenuItem("mnuEndSelection", [](ViewerPrivate& d) { d.tools_.endSelection(); });
+    onMenuItem("mnuCancelSelection", [](ViewerPrivate& d) {
+        d.menus_.stopRemoving();
+        d.typeEscape();
+    });
+    onMenuItem("mnuClearSelection", [](ViewerPrivate& d) {
+        d.menus_.stopRemoving();
+        d.tools_.clearPicked();
+        d.redrawMap();
+    });
+    onMenuItem("mnuSelectPolygon", [](ViewerPrivate& d) { d.startSelectionPolygon(); });
+    onMenuItem("mnuWholeElementInside", [](ViewerPrivate& d) { d.startSelectionPolygon(); });
+    onMenuItem("mnuOneVertex", [](ViewerPrivate& d) { d.startSelectionPolygon(); });
+    onMenuItem("mnuZoomToSelected", [](ViewerPrivate& d) {
+        const std::vector<std::int32_t>& picked = d.tools_.state().picked.ids();
+        d.showElements(d.tools_.state().targetLayer, QList<int>(picked.begin(), picked.end()));
+    });
+}
+
+void ViewerPrivate::startSelectionPolygon()
+{
+    menus_.setSelectionMethod(2);
+    tools_.clearEnteredPoints();
+    followPointer(std::nullopt, false);
 }
 
 void ViewerPrivate::onMenuItem(const char* name, void (*handler)(ViewerPrivate&))

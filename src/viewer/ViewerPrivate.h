@@ -67,6 +67,8 @@ public:
     void showEnteredPoints() override;
     void followPointer(const std::optional<QPointF>& pointer, bool closing) override;
     void showToolStatus(const QString& text) override;
+    ToolMenus& menus() override { return menus_; }
+    void selectionSet(std::int32_t layerId, const std::vector<std::int32_t>& ids) override;
     MessageAnswer messageBox(const QString& text, MessageButtons buttons, MessageIcon icon,
                              const QString& caption) override;
 
@@ -85,6 +87,8 @@ public:
     // Asks for the direction field of a layer; confirmed, the directions tool
     // picks an element of it.
     void setDirections(std::int32_t layerId);
+    // Starts collecting elements of a layer for the host.
+    void selectObjects(std::int32_t layerId);
     void showElements(std::int32_t layerId, const QList<int>& elements);
     void chooseToolTipLayer(int layerId, const QString& field);
     // The tooltip goes with the pointer.
@@ -145,7 +149,11 @@ private:
         showChangedView(changed);
         return changed;
     }
+    // The layer with that ID; std::invalid_argument when the map has none.
+    const layer& existingLayer(std::int32_t layerId);
     void connectMenus();
+    // A new polygon of the selection starts with no vertex.
+    void startSelectionPolygon();
     void onMenuItem(const char* name, void (*handler)(ViewerPrivate&));
     void popupMenu(PopupMenu which, QPointF pixel);
     // A press and release of Escape, as if typed.

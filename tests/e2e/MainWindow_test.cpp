@@ -5,6 +5,7 @@
 
 #include <QMenu>
 #include <QMenuBar>
+#include <QSignalSpy>
 #include <QToolBar>
 
 #include <gtest/gtest.h>
@@ -46,12 +47,20 @@ TEST(MainWindow, TheToolBarFollowsTheCurrentTool)
     viewer->setUserMode(false);
     orbelan::MainWindow window(viewer);
     const QList<QAction*> buttons = window.findChild<QToolBar*>("tbTools")->actions();
-    ASSERT_EQ(buttons.size(), 4);
+    ASSERT_EQ(buttons.size(), 5);
     buttons[3]->trigger();
     EXPECT_EQ(viewer->currentTool(), 8);
     viewer->Pan();
     EXPECT_TRUE(buttons[2]->isChecked());
     EXPECT_FALSE(buttons[3]->isChecked());
+    // Selection works on the first polygon layer.
+    viewer->Layers().AddLayer("roads", 3, orbelan::polylinelayer, viewer->viewport());
+    viewer->Layers().AddLayer("parcels", 4, orbelan::polygonlayer, viewer->viewport());
+    QSignalSpy selections(viewer, &orbelan::Viewer::SelectionSet);
+    buttons[4]->trigger();
+    viewer->findChild<QAction*>("mnuEndSelection")->trigger();
+    ASSERT_EQ(selections.size(), 1);
+    EXPECT_EQ(selections.front().front().toInt(), 4);
 }
 
 } // namespace

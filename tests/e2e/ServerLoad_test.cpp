@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <set>
 
 using namespace orbelan;
@@ -20,6 +21,7 @@ using namespace orbelan;
 namespace {
 
 const QString kServer = QStringLiteral(ORBELAN_SERVER_PROGRAM);
+const QString kViewer = QStringLiteral(ORBELAN_VIEWER_PROGRAM);
 constexpr int kProgramMilliseconds = 120'000;
 constexpr int kLoadMilliseconds = 30'000;
 // The demo's administrator draws on every layer of Santiago.
@@ -82,6 +84,7 @@ protected:
     }
 
     // Zooms to a few blocks of the centre and waits for their cells.
+    static constexpr const char* kCentre = "-70.67 -33.46 -70.66 -33.452";
     bool zoomToTheCentre()
     {
         viewer.SetView(-70.67, -33.46, -70.66, -33.452);
@@ -268,6 +271,87 @@ TEST_F(DemoServer, OneWayStreetsGetTheirDirectionsOnceDirectionMarksAreOn)
     }
     EXPECT_EQ(directions, (std::set<std::int16_t>{-1, 0, 1}));
     EXPECT_TRUE(streets.DirectionVisible);
+}
+
+// The pixel of a point in degrees.
+QPoint pixelOf(const Viewport& view, const Vertex& point)
+{
+    MapPoint plane;
+    view.project(point.X, point.Y, plane);
+    return {static_cast<int>(std::lround(view.WorldToScreenX(plane.x))),
+            static_cast<int>(std::lround(view.WorldToScreenY(plane.y)))};
+}
+
+// The parcels of a block come one after another: south-west, south-east,
+// north-west, north-east, each a ring from its south-west corner, all four
+// meeting at the block's middle. The first of the first block wholly in the
+// picture, or 0.
+std::int32_t firstBlockInView(const layer& parcels, const Viewport& view, QRect picture)
+{
+    const auto inPicture = [&](const Vertex& point) { return picture.contains(pixelOf(view, point)); };
+    for (const std::int32_t id : parcels.DrawnIDs()) {
+        std::array<const Entidad*, 4> block{};
+        for (std::size_t k = 0; k < block.size(); ++k) {
+            block[k] = parcels.Entidades.Find(id + static_cast<std::int32_t>(k));
+        }
+        const bool whole = id % 4 == 1 && std::ranges::all_of(block, [&](const Entidad* parcel) {
+            return parcel && parcel->UboundPoints() == 5 && std::ranges::all_of(parcel->Points(), inPicture);
+        });
+        if (whole) {
+            return id;
+        }
+    }
+    return 0;
+}
+
+// Three parcels of a block (all but the north-east one) selected through the
+// headless host by an L-shaped polygon around them, every vertex inside: the
+// host prints their IDs, and its snapshot shows them highlighted.
+TEST_F(DemoServer, TheHeadlessHostSelectsThreeParcelsByAPolygon)
+{
+    ASSERT_TRUE(showLoaded());
+    ASSERT_TRUE(zoomToTheCentre());
+    ASSERT_NE(viewer.Layers().Find(102), nullptr);
+    const layer& parcels = *viewer.Layers().Find(102);
+    const Viewport& view = viewer.viewport();
+    const std::int32_t first = firstBlockInView(parcels, view, viewer.rect().adjusted(20, 20, -20, -20));
+    ASSERT_NE(first, 0);
+    const auto corner = [&](std::int32_t parcel, std::size_t k, QPoint outwards) {
+        return pixelOf(view, parcels.Entidades.Find(first + parcel)->Points()[k]) + outwards * 4;
+    };
+    const std::array<QPoint, 6> polygon = {corner(0, 0, {-1, 1}), corner(1, 1, {1, 1}),  corner(1, 2, {1, -1}),
+                                           corner(0, 2, {1, -1}),  corner(2, 2, {1, -1}), corner(2, 3, {-1, -1})};
+    const auto middle = [&](std::int32_t parcel) {
+        return pixelOf(view, parcels.Entidades.Find(first + parcel)->Centroide());
+    };
+
+    QProcess host;
+    host.start(kViewer, {"--headless", "--settings", folder.filePath("viewer.ini"), "--url", "127.0.0.1", "--port",
+                         QString::number(port), "--user", "1", "--map", "1", "--size", "640x480"});
+    QString output;
+    while (!output.contains("event MapLoaded") && host.waitForReadyRead(kLoadMilliseconds)) {
+        output += QString::fromUtf8(host.readAllStandardOutput());
+    }
+    QString script = QStringLiteral("wait-idle 30\nSetView %1\nwait-idle 30\nSelectObjects 102\n"
+                                    "menu mnuWholeElementInside\n").arg(kCentre);
+    for (const QPoint vertex : polygon) {
+        script += QStringLiteral("mouse click 1 %1 %2\n").arg(vertex.x()).arg(vertex.y());
+    }
+    const QString snapshot = folder.filePath("selected.png");
+    script += QStringLiteral("menu mnuCerrarPline\nsnapshot %1\nmenu mnuEndSelection\nquit\n").arg(snapshot);
+    host.write(script.toUtf8());
+    ASSERT_TRUE(host.waitForFinished(kLoadMilliseconds));
+    output += QString::fromUtf8(host.readAllStandardOutput());
+
+    const QRegularExpression selection(QStringLiteral("event SelectionSet 102 3 \\[(\\d+),(\\d+),(\\d+)\\]"));
+    const auto found = selection.match(output);
+    ASSERT_TRUE(found.hasMatch()) << output.toStdString();
+    const std::set<int> ids = {found.captured(1).toInt(), found.captured(2).toInt(), found.captured(3).toInt()};
+    EXPECT_EQ(ids, (std::set<int>{first, first + 1, first + 2}));
+    const QImage picture(snapshot);
+    const QColor highlight = olecolor::toQColor(0xC0C000, viewer.palette());
+    EXPECT_EQ(picture.pixelColor(middle(0)), highlight);
+    EXPECT_NE(picture.pixelColor(middle(3)), highlight);
 }
 
 } // namespace

@@ -145,6 +145,8 @@ TEST_F(DrawnLayer, PickToleranceIsStrictAndTheLaterOfEqualsWins)
     draw(1, kLine);
     EXPECT_EQ(map.SelectByPoint(0.5, 0.00065), 0);
     EXPECT_EQ(map.SelectByPoint(0.5, -0.0006), 1);
+    EXPECT_EQ(map.SelectByPoint(0.5, -0.0009, 0.001), 1); // a view far out reaches further
+    EXPECT_EQ(map.SelectByPoint(0.5, -0.0006, 0.0001), 1);
     EXPECT_EQ(map.SelectByPoint(1.0003, 0.0001), 0); // the foot is beyond the end
     map.ClearDrawnIDs();
     map.AppendDrawnID(1);
@@ -201,6 +203,9 @@ TEST_F(DrawnLayer, ManyPointsGoInAsTheyTieOrImprove)
     IDs picked = {0};
     map.SelectByPointMany(0, 0, picked);
     EXPECT_EQ(picked, (IDs{2, 4, 5}));
+    picked = {0};
+    map.SelectByPointMany(0, 0, picked, 1E-4);
+    EXPECT_EQ(picked, (IDs{1, 2, 4, 5}));
 }
 
 TEST_F(DrawnLayer, ManyFillsAZeroInPlaceAndGrowsAfterAnID)

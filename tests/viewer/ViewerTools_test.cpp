@@ -35,6 +35,27 @@ protected:
         choose("mnuCerrarPline");
         return ui.messages().empty() ? QString() : ui.messages().back().text;
     }
+
+    // Polygon layer 5, selectable: element 1 spans (1, 1) to (2, 2), element 2
+    // (3, 1) to (5, 2).
+    void addParcels()
+    {
+        layer& parcels = addLayer(5, polygonlayer, 0xFFFFFF);
+        parcels.Selectable = true;
+        addRectangle(parcels, 1, 1, 1, 2, 2);
+        addRectangle(parcels, 2, 3, 1, 5, 2);
+        viewer.Redraw();
+    }
+
+    // The layer, count and IDs of the one SelectionSet raised so far.
+    static QList<int> selected(const QSignalSpy& selections)
+    {
+        if (selections.size() != 1) {
+            return {};
+        }
+        const QList<QVariant>& event = selections.front();
+        return QList<int>{event.at(0).toInt(), event.at(1).toInt()} + event.at(2).value<QList<int>>();
+    }
 };
 
 // The legs add up; a double click enters one point; Backspace takes the
@@ -86,6 +107,72 @@ TEST_F(ViewerTools, EscapeEndsMeasuringAndCancelTypesIt)
     ASSERT_EQ(keys.size(), 1);
     EXPECT_EQ(keys.front().front().toInt(), 27);
     EXPECT_EQ(viewer.statusText(), "");
+}
+
+// The first right click picks one element at a time; an element picked again
+// is there once, remove mode takes it out and is over with the selection.
+TEST_F(ViewerTools, PicksAddOnceAndRemoveModeTakesOut)
+{
+    addParcels();
+    QSignalSpy selections(&viewer, &Viewer::SelectionSet);
+    viewer.SelectObjects(5);
+    click({230, 70}, Qt::RightButton);
+    ASSERT_EQ(ui.menus().size(), 1u);
+    EXPECT_EQ(ui.menus().back().objectName, "mnuSelect");
+    EXPECT_TRUE(viewer.findChild<QAction*>("mnuSelectIndividual")->isChecked());
+    click({230, 70}); // element 1
+    click({230, 70});
+    click({280, 70}); // element 2
+    choose("mnuRemoveElementsFromSelection");
+    click({230, 70});
+    choose("mnuEndSelection");
+    EXPECT_EQ(selected(selections), (QList<int>{5, 1, 2}));
+    EXPECT_EQ(viewer.currentTool(), 0);
+    EXPECT_FALSE(viewer.findChild<QAction*>("mnuRemoveElementsFromSelection")->isChecked());
+}
+
+// A polygon over element 1 and two vertices of element 2 selects element 2
+// only when one vertex inside is enough; after it, clicks pick one at a time.
+TEST_F(ViewerTools, DrawnPolygonSelectsByItsContainmentRule)
+{
+    addParcels();
+    for (const auto& [rule, expected] : {std::pair{"mnuWholeElementInside", QList<int>{5, 1, 1}},
+                                         std::pair{"mnuOneVertex", QList<int>{5, 2, 1, 2}}}) {
+        QSignalSpy selections(&viewer, &Viewer::SelectionSet);
+        viewer.SelectObjects(5);
+        choose(rule);
+        for (const QPoint vertex : {QPoint(200, 100), QPoint(270, 100), QPoint(270, 40), QPoint(200, 40)}) {
+            click(vertex); // (0, 0), (3.5, 0), (3.5, 3), (0, 3)
+        }
+        click({200, 40}, Qt::RightButton);
+        EXPECT_EQ(ui.menus().back().objectName, "mnuEnd");
+        choose("mnuCerrarPline");
+        EXPECT_TRUE(viewer.findChild<QAction*>("mnuSelectIndividual")->isChecked());
+        choose("mnuEndSelection");
+        EXPECT_EQ(selected(selections), expected) << rule;
+    }
+}
+
+// Far out, three pixels reach well beyond the layer's own tolerance. Escape
+// ends a selection untold.
+TEST_F(ViewerTools, APickReachesThreePixelsAndEscapeEndsTheSelection)
+{
+    layer& roads = addLayer(6, polylinelayer, 0);
+    roads.Selectable = true;
+    roads.Entidades.AddEntity(9, std::vector<Vertex>{{-5, 0}, {5, 0}}, roads);
+    viewer.Redraw();
+    QSignalSpy selections(&viewer, &Viewer::SelectionSet);
+    for (const bool escape : {true, false}) {
+        viewer.SelectObjects(6);
+        click({200, 104}, Qt::RightButton);
+        click({200, 104}); // 0.2 degrees off
+        click({200, 102});
+        if (escape) {
+            QTest::keyClick(&viewer, Qt::Key_Escape);
+        }
+        choose("mnuEndSelection");
+    }
+    EXPECT_EQ(selected(selections), (QList<int>{6, 1, 9}));
 }
 
 // Confirmed, the directions tool picks on the layer; cancelled, nothing changes.

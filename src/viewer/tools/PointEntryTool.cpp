@@ -27,7 +27,7 @@ void PointEntryTool::click(const MapMouseEvent& event)
 
 void PointEntryTool::move(const MapMouseEvent& event)
 {
-    host().followPointer(event.pixel, false);
+    host().followPointer(event.pixel, closes());
     pointsChanged(geographicOf(host().viewport(), event.map));
 }
 

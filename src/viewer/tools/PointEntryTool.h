@@ -25,6 +25,8 @@ public:
     void eraseLastPoint() override;
 
 protected:
+    // The rubber lines close the entered points into a polygon.
+    virtual bool closes() const { return false; }
     // The entered points changed, or the pointer moved to `pointer` (in degrees).
     virtual void pointsChanged(const std::optional<Vertex>& pointer);
 };
