@@ -2,6 +2,7 @@
 
 #include "protocol/messages/CellFieldValues.h"
 #include "session/CellRequester.h"
+#include "session/DirectionText.h"
 #include "session/LoadContext.h"
 #include "protocol/RequestSender.h"
 #include "model/MapDocument.h"
@@ -13,12 +14,8 @@
 
 #include <QString>
 
-#include <charconv>
-#include <cmath>
 #include <cstdint>
-#include <limits>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace orbelan {
@@ -55,38 +52,15 @@ const std::string& valueOf(const ValueReference& reference, const std::vector<st
     return values[static_cast<std::size_t>(reference.value) - 1];
 }
 
-// The text of a direction as a whole-number conversion reads it: blanks
-// around it and one leading plus sign are allowed.
-std::string_view numberPart(std::string_view text)
-{
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) {
-        return {};
-    }
-    text = text.substr(first, text.find_last_not_of(' ') - first + 1);
-    if (text.size() > 1 && text.front() == '+' && text[1] != '-') {
-        text.remove_prefix(1);
-    }
-    return text;
-}
-
-// A direction as the Integer it is written as: empty is 0, halves round to
-// even, and anything that is not a number within the Integer range abandons
-// the rest of the message.
+// A direction as the Integer it is written as; anything else abandons the
+// rest of the message.
 std::int16_t directionOf(const std::string& text, const DWBUffer& message)
 {
-    if (text.empty()) {
-        return 0;
-    }
-    const std::string_view number = numberPart(text);
-    double value = 0;
-    const auto [end, failure] = std::from_chars(number.data(), number.data() + number.size(), value);
-    const double rounded = std::nearbyint(value);
-    if (number.empty() || failure != std::errc() || end != number.data() + number.size() ||
-        !(rounded >= std::numeric_limits<std::int16_t>::min() && rounded <= std::numeric_limits<std::int16_t>::max())) {
+    const auto direction = directionOfText(text);
+    if (!direction) {
         abandon(message, "direction \"" + text + "\" is not an Integer");
     }
-    return static_cast<std::int16_t>(rounded);
+    return *direction;
 }
 
 // Each apply function passes over the pairs of elements the layer does not

@@ -4,6 +4,7 @@
 #include "session/CellFieldValuesLoader.h"
 #include "session/CellGeometryLoader.h"
 #include "session/ElementBoxLoader.h"
+#include "session/ElementChangeLoader.h"
 #include "session/LayerDefinitionLoader.h"
 #include "session/MapDefinitionLoader.h"
 #include "protocol/messages/MessageIO.h"
@@ -41,6 +42,7 @@ constexpr std::array kRoutes = {
     Route{AccessAnswer, loadAccessAnswer},
     Route{LayerAccessLevels, loadLayerAccessLevels},
     Route{ElementBoundingBox, loadElementBoundingBox},
+    Route{ElementChangeNotification, loadElementChange},
 };
 
 const Route* routeOf(CommandCode code)
