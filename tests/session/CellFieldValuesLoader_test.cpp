@@ -11,18 +11,7 @@ namespace {
 
 class CellFieldValuesLoader : public SessionHarness {
 protected:
-    void SetUp() override
-    {
-        streets.lblField = "NOMBRE";
-        streets.ThematicField = "USO";
-        streets.ThematicFieldType = 202;
-        streets.DirectionField = "DIR";
-        streets.ThematicMap().Add(0, 1, 0, 0, 1, "MICanyMIC", "");
-        streets.ThematicMap().Add(0, 2, 255, 0, 1, "Comercial", "");
-        for (const std::int32_t id : {41, 42, 43}) {
-            streets.Entidades.AddEntity(id, std::vector<Vertex>{{-70, -33}, {-70.1, -33.1}}, streets);
-        }
-    }
+    void SetUp() override { prepareStreets(streets); }
 
     void replyValues(std::string field, std::vector<CellFieldValues::Reference> references,
                      std::vector<std::string> values, std::int32_t layer = 7)

@@ -16,15 +16,7 @@ protected:
         for (const char* field : {"ROL", "NOMBRE", "USO", "DIR"}) {
             streets.Campos().Add(field, 202);
         }
-        streets.lblField = "NOMBRE";
-        streets.ThematicField = "uso";
-        streets.ThematicFieldType = 202;
-        streets.DirectionField = "DIR";
-        streets.ThematicMap().Add(0, 1, 0, 0, 1, "MICanyMIC", "");
-        streets.ThematicMap().Add(0, 2, 255, 0, 1, "Comercial", "");
-        for (const std::int32_t id : {41, 42, 43}) {
-            streets.Entidades.AddEntity(id, std::vector<Vertex>{{-70, -33}, {-70.1, -33.1}}, streets);
-        }
+        prepareStreets(streets);
     }
 
     void change(std::int16_t operation, std::int32_t element, std::vector<std::string> values = {},

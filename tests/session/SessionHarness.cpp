@@ -52,3 +52,16 @@ CommandCode SessionHarness::codeOf(DWBUffer& request)
 {
     return messages::readHeader(request);
 }
+
+void SessionHarness::prepareStreets(layer& streets)
+{
+    streets.lblField = "NOMBRE";
+    streets.ThematicField = "USO";
+    streets.ThematicFieldType = 202;
+    streets.DirectionField = "DIR";
+    streets.ThematicMap().Add(0, 1, 0, 0, 1, "MICanyMIC", "");
+    streets.ThematicMap().Add(0, 2, 255, 0, 1, "Comercial", "");
+    for (const std::int32_t id : {41, 42, 43}) {
+        streets.Entidades.AddEntity(id, std::vector<Vertex>{{-70, -33}, {-70.1, -33.1}}, streets);
+    }
+}

@@ -72,6 +72,9 @@ protected:
     // The first length bytes of a message, closed again as a whole message.
     static orbelan::DWBUffer cutShort(const orbelan::DWBUffer& message, std::int64_t length);
     static orbelan::CommandCode codeOf(orbelan::DWBUffer& request);
+    // A street layer labelled by NOMBRE, with classes by USO (the default and
+    // "Comercial") and directions in DIR, holding elements 41, 42 and 43.
+    static void prepareStreets(orbelan::layer& streets);
 
     orbelan::Viewport view;
     orbelan::MapDocument document{view};
