@@ -71,16 +71,6 @@ TEST(FramerChunking, AStreamCutAtAnyTwoPointsGivesTheSameMessages)
     }
 }
 
-TEST(FramerArrivals, TwoWholeMessagesInOneArrival)
-{
-    MessageFramer framer;
-    const Arrival arrival = framer.feed(join({kThree[0], kThree[2]}));
-    EXPECT_EQ(messagesOf(arrival), (std::vector<Bytes>{kThree[0], kThree[2]}));
-    EXPECT_FALSE(arrival.receiving);
-    EXPECT_EQ(arrival.expectedLength, 45);
-    EXPECT_EQ(arrival.chunk, 1u);
-}
-
 TEST(FramerArrivals, AMessageInThreeChunksIsCutOnceAfterTheThird)
 {
     MessageFramer framer;
@@ -110,16 +100,6 @@ TEST(FramerArrivals, AMessageFollowedByAPartialHeaderKeepsThePartForLater)
     EXPECT_EQ(second.chunk, 2u);
     EXPECT_EQ(messagesOf(second), std::vector<Bytes>{next});
     EXPECT_EQ(second.expectedLength, 14);
-}
-
-TEST(FramerArrivals, TheHeaderIsAwaitedWhole)
-{
-    MessageFramer framer;
-    const Bytes& whole = kThree[1];
-    for (std::size_t i = 0; i < 8; ++i) {
-        EXPECT_TRUE(framer.feed(slice(whole, i, i + 1)).messages.empty());
-    }
-    EXPECT_EQ(messagesOf(framer.feed(slice(whole, 8, whole.size()))), std::vector<Bytes>{whole});
 }
 
 TEST(FramerSignature, AForeignStartDropsFourBytesAndEndsTheArrival)
