@@ -227,18 +227,6 @@ TEST_F(ViewerTest, TheFirstShowAsksForAccessToTheMapOnce)
     EXPECT_EQ(viewer.PendingRequests(), 1);
 }
 
-TEST_F(ViewerTest, ARefusedAccessRedrawsNothingAndEmptiesTheStatus)
-{
-    std::unique_ptr<QTcpSocket> peer = showConnected();
-    ASSERT_TRUE(peer);
-
-    QSignalSpy redrawn(&viewer, &Viewer::MapRedrawn);
-    peer->write(QByteArray("MIC \x0C\0\0\0\x6E\0\x01\0", 12));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return viewer.PendingRequests() == 0; }));
-    EXPECT_EQ(std::tuple(redrawn.size(), viewer.statusText()), std::tuple(0, ""));
-    EXPECT_EQ(ui.messages().back().text, "Acceso Denegado");
-}
-
 TEST_F(ViewerTest, AFailedConnectionIsReportedAndTheControlCarriesOn)
 {
     pointAt(closedPort());
