@@ -116,20 +116,6 @@ TEST(FramerSignature, AForeignStartDropsFourBytesAndEndsTheArrival)
     EXPECT_EQ(next.droppedBytes, 0u);
 }
 
-TEST(FramerSignature, AfterAnExactEndTheNextArrivalIsCheckedAgain)
-{
-    MessageFramer framer;
-    const Bytes& second = kThree[1];
-    // A partial header kept, then the rest of that message alone: nothing is
-    // left over, so the following arrival must start with "MIC ".
-    framer.feed(join({kThree[0], slice(second, 0, 3)}));
-    EXPECT_EQ(messagesOf(framer.feed(slice(second, 3, second.size()))), std::vector<Bytes>{second});
-    EXPECT_FALSE(framer.receiving());
-    const Arrival foreign = framer.feed(Bytes{'J', 'U', 'N', 'K', 'M', 'I'});
-    EXPECT_EQ(foreign.droppedBytes, 4u);
-    EXPECT_TRUE(foreign.messages.empty());
-}
-
 TEST(FramerSignature, MessagesFollowingOneAnotherAreCutByLengthAlone)
 {
     MessageFramer framer;
