@@ -102,9 +102,13 @@ protected:
     Viewer viewer;
 };
 
-TEST_F(ViewerTest, AnEmptyBagGivesTheReadDefaults)
+TEST_F(ViewerTest, MissingOrCorruptStoredValuesGiveTheReadDefaults)
 {
-    viewer.ReadProperties(MemoryBag{});
+    MemoryBag bag;
+    bag.values["Port"] = "not a port";
+    bag.values["MapCode"] = "99999999999";
+    bag.values["BackColor"] = -1;
+    viewer.ReadProperties(bag);
     EXPECT_EQ(std::tuple(viewer.MapCode(), viewer.IDUser(), viewer.URL(), viewer.port()),
               std::tuple(1, 0, "nada", 10010));
     EXPECT_EQ(std::tuple(viewer.BackColor(), viewer.ForeColor()), std::tuple(0x8000000Fu, 0x80000012u));
@@ -146,16 +150,6 @@ TEST_F(ViewerTest, PropertiesSurviveASettingsFile)
               std::tuple(0x80000005u, 0x00FF8000u, false, 1));
     EXPECT_EQ(std::tuple(copy.URL(), copy.port(), copy.MapCode(), copy.IDUser()),
               std::tuple("maps.example.org", 1001, 42, -7));
-}
-
-TEST_F(ViewerTest, ACorruptStoredValueFallsBackToTheReadDefault)
-{
-    MemoryBag bag;
-    bag.values["Port"] = "not a port";
-    bag.values["MapCode"] = "99999999999";
-    bag.values["BackColor"] = -1;
-    viewer.ReadProperties(bag);
-    EXPECT_EQ(std::tuple(viewer.port(), viewer.MapCode(), viewer.BackColor()), std::tuple(10010, 1, 0x8000000Fu));
 }
 
 TEST_F(ViewerTest, EveryWriteIsAnnouncedButLoadingIsNot)
