@@ -71,16 +71,6 @@ TEST(FramerChunking, AStreamCutAtAnyTwoPointsGivesTheSameMessages)
     }
 }
 
-TEST(FramerArrivals, TwoWholeMessagesInOneArrival)
-{
-    MessageFramer framer;
-    const Arrival arrival = framer.feed(join({kThree[0], kThree[2]}));
-    EXPECT_EQ(messagesOf(arrival), (std::vector<Bytes>{kThree[0], kThree[2]}));
-    EXPECT_FALSE(arrival.receiving);
-    EXPECT_EQ(arrival.expectedLength, 45);
-    EXPECT_EQ(arrival.chunk, 1u);
-}
-
 TEST(FramerArrivals, AMessageInThreeChunksIsCutOnceAfterTheThird)
 {
     MessageFramer framer;
@@ -112,16 +102,6 @@ TEST(FramerArrivals, AMessageFollowedByAPartialHeaderKeepsThePartForLater)
     EXPECT_EQ(second.expectedLength, 14);
 }
 
-TEST(FramerArrivals, TheHeaderIsAwaitedWhole)
-{
-    MessageFramer framer;
-    const Bytes& whole = kThree[1];
-    for (std::size_t i = 0; i < 8; ++i) {
-        EXPECT_TRUE(framer.feed(slice(whole, i, i + 1)).messages.empty());
-    }
-    EXPECT_EQ(messagesOf(framer.feed(slice(whole, 8, whole.size()))), std::vector<Bytes>{whole});
-}
-
 TEST(FramerSignature, AForeignStartDropsFourBytesAndEndsTheArrival)
 {
     MessageFramer framer;
@@ -134,20 +114,6 @@ TEST(FramerSignature, AForeignStartDropsFourBytesAndEndsTheArrival)
     const Arrival next = framer.feed(kThree[1]);
     EXPECT_EQ(messagesOf(next), (std::vector<Bytes>{kThree[0], kThree[1]}));
     EXPECT_EQ(next.droppedBytes, 0u);
-}
-
-TEST(FramerSignature, AfterAnExactEndTheNextArrivalIsCheckedAgain)
-{
-    MessageFramer framer;
-    const Bytes& second = kThree[1];
-    // A partial header kept, then the rest of that message alone: nothing is
-    // left over, so the following arrival must start with "MIC ".
-    framer.feed(join({kThree[0], slice(second, 0, 3)}));
-    EXPECT_EQ(messagesOf(framer.feed(slice(second, 3, second.size()))), std::vector<Bytes>{second});
-    EXPECT_FALSE(framer.receiving());
-    const Arrival foreign = framer.feed(Bytes{'J', 'U', 'N', 'K', 'M', 'I'});
-    EXPECT_EQ(foreign.droppedBytes, 4u);
-    EXPECT_TRUE(foreign.messages.empty());
 }
 
 TEST(FramerSignature, MessagesFollowingOneAnotherAreCutByLengthAlone)

@@ -62,14 +62,6 @@ protected:
     QImage picture{100, 100, QImage::Format_ARGB32_Premultiplied};
 };
 
-TEST_F(QtMapCanvasTest, ASolidPolygonIsFilledInsideItsOutline)
-{
-    QtMapCanvas(picture, view, QPalette()).DrawPolygon(kSquare, style(0, 1, 0));
-    EXPECT_EQ(at(50, 50), kRed);
-    EXPECT_EQ(at(20, 50), kBlue);
-    EXPECT_EQ(at(10, 50), kBackground);
-}
-
 TEST_F(QtMapCanvasTest, HatchesLeaveTheBackgroundBetweenTheirLines)
 {
     const QRect inside(30, 30, 40, 40);
