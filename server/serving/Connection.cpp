@@ -2,7 +2,6 @@
 
 #include <array>
 #include <cerrno>
-#include <climits>
 
 #include <sys/epoll.h>
 #include <sys/socket.h>

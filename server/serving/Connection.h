@@ -1,5 +1,6 @@
 #pragma once
 
+#include "protocol/MessageBatch.h"
 #include "protocol/MessageFramer.h"
 #include "serving/RequestHandler.h"
 #include "serving/ServerLog.h"
@@ -13,7 +14,6 @@
 #include <optional>
 #include <span>
 #include <string>
-#include <vector>
 
 #include <sys/uio.h>
 
