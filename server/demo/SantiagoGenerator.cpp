@@ -1,6 +1,6 @@
 #include "demo/SantiagoGenerator.h"
 
-#include "model/FieldTypes.h"
+#include "protocol/FieldTypes.h"
 #include "demo/SantiagoNames.h"
 
 #include <cmath>

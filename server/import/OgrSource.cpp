@@ -2,7 +2,7 @@
 
 #include "import/AntimeridianCut.h"
 
-#include "model/FieldTypes.h"
+#include "protocol/FieldTypes.h"
 
 #include <gdal_priv.h>
 #include <ogr_spatialref.h>

@@ -5,7 +5,7 @@
 
 namespace orbelan {
 
-// One attribute field of a layer: its data-type code (see FieldTypes.h) and
+// One attribute field of a layer: its data-type code (see protocol/FieldTypes.h) and
 // its name.
 struct Campo {
     std::int16_t Tipo = 0;

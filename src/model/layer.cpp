@@ -1,6 +1,6 @@
 #include "model/layer.h"
 
-#include "model/FieldTypes.h"
+#include "protocol/FieldTypes.h"
 #include "model/LeadingNumber.h"
 #include "model/MapCanvas.h"
 

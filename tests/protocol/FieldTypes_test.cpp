@@ -1,4 +1,4 @@
-#include "model/FieldTypes.h"
+#include "protocol/FieldTypes.h"
 
 #include <gtest/gtest.h>
 
