@@ -55,7 +55,7 @@ std::string numberText(double value, WireType type)
 std::optional<double> parseNumber(std::string_view text)
 {
     text = trimmed(text);
-    if (!text.empty() && text.front() == '+') {
+    if (text.size() > 1 && text.front() == '+' && text[1] != '-') {
         text.remove_prefix(1);
     }
     double value = 0;

@@ -52,17 +52,6 @@ const std::string& valueOf(const ValueReference& reference, const std::vector<st
     return values[static_cast<std::size_t>(reference.value) - 1];
 }
 
-// A direction as the Integer it is written as; anything else abandons the
-// rest of the message.
-std::int16_t directionOf(const std::string& text, const DWBUffer& message)
-{
-    const auto direction = directionOfText(text);
-    if (!direction) {
-        abandon(message, "direction \"" + text + "\" is not an Integer");
-    }
-    return *direction;
-}
-
 // Each apply function passes over the pairs of elements the layer does not
 // hold before their value number is looked at.
 void applyLabels(layer& mapLayer, const std::vector<ValueReference>& references,
@@ -96,7 +85,7 @@ void applyDirections(layer& mapLayer, const std::vector<ValueReference>& referen
 {
     for (const ValueReference& reference : references) {
         if (Entidad* element = mapLayer.Entidades.Find(reference.element)) {
-            element->Direction = directionOf(valueOf(reference, values, message), message);
+            element->Direction = directionOfText(valueOf(reference, values, message), message);
         }
     }
 }

@@ -2,7 +2,6 @@
 
 #include "model/MapDocument.h"
 #include "protocol/messages/ElementChange.h"
-#include "protocol/WireReadError.h"
 #include "session/CellRequester.h"
 #include "session/DirectionText.h"
 #include "session/LoadContext.h"
@@ -46,12 +45,7 @@ void applyValues(layer& mapLayer, Entidad& element, const Change& change, const 
             mapLayer.CalculateThemeObject(&element);
         }
         if (sameText(field.Nombre, mapLayer.DirectionField)) {
-            const auto direction = directionOfText(value);
-            if (!direction) {
-                throw WireReadError(message.readPosition(), 0, message.commandCode(),
-                                    "direction \"" + value + "\" is not an Integer");
-            }
-            element.Direction = *direction;
+            element.Direction = directionOfText(value, message);
         }
     }
 }
