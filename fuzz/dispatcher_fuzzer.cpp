@@ -53,6 +53,10 @@ public:
     void showBox(const BoundingBox&) override {}
     void changeStatus(std::int32_t, std::uint8_t, const QString&) override {}
     void definitionLoaded() override {}
+    void informationArrived(std::int32_t, std::int32_t, const QStringList&, const QList<int>&,
+                            const QStringList&) override
+    {
+    }
     QWidget* dialogParent() override { return nullptr; }
 
 private:

@@ -25,6 +25,7 @@
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 
 namespace orbelan {
 
@@ -76,6 +77,21 @@ std::optional<QVariant> toArgument(const QString& word, QMetaType type)
     }
     QVariant value = word;
     return value.convert(type) ? std::optional(value) : std::nullopt;
+}
+
+// FIELD=VALUE words as a map of names to values; std::invalid_argument for a
+// word without a name before its "=".
+QMap<QString, QString> namedValues(const QStringList& words)
+{
+    QMap<QString, QString> values;
+    for (const QString& pair : words) {
+        const qsizetype equals = pair.indexOf('=');
+        if (equals <= 0) {
+            throw std::invalid_argument(quote(pair).toStdString() + " is not FIELD=VALUE");
+        }
+        values.insert(pair.left(equals), pair.mid(equals + 1));
+    }
+    return values;
 }
 
 void sendMouse(QWidget& target, QEvent::Type type, Qt::MouseButton button, QPointF position,
@@ -139,6 +155,7 @@ void HeadlessHost::addCommands()
         {"view", bind(&HeadlessHost::printView)},
         {"layers", bind(&HeadlessHost::printLayers)},
         {"layer-visibility", bind(&HeadlessHost::setLayerVisibility)},
+        {"EditInfo", bind(&HeadlessHost::editInfo)},
         {"quit", [this](const QStringList&) { quit(); }},
     };
 }
@@ -397,16 +414,28 @@ void HeadlessHost::queueDialog(const QStringList& arguments)
         error(QStringLiteral("dialog needs a dialog's name, FIELD=VALUE pairs and a button"));
         return;
     }
-    DialogScript script{arguments.front(), {}, arguments.back()};
-    for (const QString& pair : arguments.mid(1, arguments.size() - 2)) {
-        const qsizetype equals = pair.indexOf('=');
-        if (equals <= 0) {
-            error(QStringLiteral("dialog: %1 is not FIELD=VALUE").arg(quote(pair)));
-            return;
-        }
-        script.fields.insert(pair.left(equals), pair.mid(equals + 1));
+    ui_.queueDialog({arguments.front(), namedValues(arguments.mid(1, arguments.size() - 2)), arguments.back()});
+}
+
+// EditInfo LAYER ELEMENT [FIELD=VALUE ...]: the values given are applied as
+// they are; without any, the control's dialog asks for them.
+void HeadlessHost::editInfo(const QStringList& arguments)
+{
+    const auto layer = arguments.size() >= 2 ? toInt(arguments[0]) : std::nullopt;
+    const auto element = arguments.size() >= 2 ? toInt(arguments[1]) : std::nullopt;
+    if (!layer || !element) {
+        error(QStringLiteral("EditInfo needs a layer, an element and optional FIELD=VALUE pairs"));
+        return;
     }
-    ui_.queueDialog(std::move(script));
+    QVariant fieldInfo;
+    if (arguments.size() > 2) {
+        QVariantMap values;
+        for (const auto& [name, value] : namedValues(arguments.mid(2)).asKeyValueRange()) {
+            values.insert(name, value);
+        }
+        fieldInfo = values;
+    }
+    viewer_.EditInfo(*layer, *element, fieldInfo);
 }
 
 // Clicks an item of one of the control's pop-up menus, whether the menu is

@@ -67,6 +67,7 @@ private:
     void printView(const QStringList& arguments);
     void printLayers(const QStringList& arguments);
     void setLayerVisibility(const QStringList& arguments);
+    void editInfo(const QStringList& arguments);
 
     bool saveImage(const QString& path);
     bool failureShown() const;

@@ -5,6 +5,7 @@
 #include "session/CellGeometryLoader.h"
 #include "session/ElementBoxLoader.h"
 #include "session/ElementChangeLoader.h"
+#include "session/ElementInformationLoader.h"
 #include "session/LayerDefinitionLoader.h"
 #include "session/MapDefinitionLoader.h"
 #include "protocol/messages/MessageIO.h"
@@ -43,6 +44,7 @@ constexpr std::array kRoutes = {
     Route{LayerAccessLevels, loadLayerAccessLevels},
     Route{ElementBoundingBox, loadElementBoundingBox},
     Route{ElementChangeNotification, loadElementChange},
+    Route{ElementInformation, loadElementInformation},
 };
 
 const Route* routeOf(CommandCode code)

@@ -2,6 +2,7 @@
 
 #include "protocol/messages/AccessRequest.h"
 #include "protocol/messages/ElementBoundingBoxRequest.h"
+#include "protocol/messages/ElementInformationRequest.h"
 #include "session/CommandDispatcher.h"
 #include "model/MapDocument.h"
 #include "session/SessionEvents.h"
@@ -77,6 +78,16 @@ void MapSession::requestElementBox(std::int32_t layerId, std::int32_t elementId,
 {
     state_.zoomToElementBox = zoom;
     sendMessage(connection_, messages::ElementBoundingBoxRequest{layerId, elementId});
+}
+
+// The cells of an element edited from a list go with that list's requests only.
+void MapSession::requestInformation(std::int32_t layerId, std::int32_t elementId, bool forEditing)
+{
+    state_.editInformation = forEditing;
+    state_.editCellI.clear();
+    state_.editCellJ.clear();
+    events_.changeStatus(layerId, StatusList::RequestingInformation);
+    sendMessage(connection_, messages::ElementInformationRequest{layerId, elementId});
 }
 
 void MapSession::identify()

@@ -6,6 +6,10 @@
 #include "session/StatusList.h"
 
 #include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <utility>
 
 namespace orbelan {
 
@@ -49,6 +53,18 @@ public:
     // Asks the server for the box of an element; the reply shows it when
     // zoom is set.
     void requestElementBox(std::int32_t layerId, std::int32_t elementId, bool zoom);
+    // Asks the server for the values of an element, to show them or, with
+    // forEditing, to let them change.
+    void requestInformation(std::int32_t layerId, std::int32_t elementId, bool forEditing);
+    // Whether the values of the next elements shown go to the host as an
+    // event instead of into a dialog.
+    void releaseInformation(bool asEvent) { state_.releaseInformation = asEvent; }
+    // The new values, by field number from 1, for the next element edited;
+    // nothing lets the user type them.
+    void presetEditValues(std::optional<std::map<std::int32_t, std::string>> values)
+    {
+        state_.presetEditValues = std::move(values);
+    }
 
 private:
     void installDispatcher(UiServices& ui);

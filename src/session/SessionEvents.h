@@ -2,7 +2,9 @@
 
 #include <cstdint>
 
+#include <QList>
 #include <QString>
+#include <QStringList>
 
 class QWidget;
 
@@ -26,6 +28,10 @@ public:
     virtual void changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName = {}) = 0;
     // The map definition has been read whole: hosts hear MapLoaded.
     virtual void definitionLoaded() = 0;
+    // The values of an element, with the names and types of their fields,
+    // for the host (InfoArrival).
+    virtual void informationArrived(std::int32_t layerId, std::int32_t elementId, const QStringList& fieldNames,
+                                    const QList<int>& fieldTypes, const QStringList& values) = 0;
     // The window message boxes belong to.
     virtual QWidget* dialogParent() = 0;
 };

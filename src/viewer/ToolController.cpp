@@ -3,6 +3,7 @@
 #include "viewer/MapTool.h"
 #include "viewer/MapToolHost.h"
 #include "viewer/tools/DirectionsTool.h"
+#include "viewer/tools/InformationTool.h"
 #include "viewer/tools/MeasureTool.h"
 #include "viewer/tools/PanTool.h"
 #include "viewer/tools/SelectTool.h"
@@ -40,6 +41,8 @@ ToolController::ToolController(MapToolHost& host)
     add<MeasureTool>(tools_, host, state_);
     add<SelectTool>(tools_, host, state_);
     add<DirectionsTool>(tools_, host, state_);
+    tools_[InformationTool::kNumber] = std::make_unique<InformationTool>(host, state_, false);
+    tools_[InformationTool::kEditingNumber] = std::make_unique<InformationTool>(host, state_, true);
     zoomFactor_ = static_cast<ZoomFactorTool*>(tools_.at(ZoomFactorTool::kNumber).get());
 }
 

@@ -291,6 +291,16 @@ void Viewer::MeasureDistance()
 void Viewer::SetDirections(int IDLayer) { guarded(*this, "SetDirections", [&] { d_->setDirections(IDLayer); }); }
 void Viewer::SelectObjects(int IDLayer) { guarded(*this, "SelectObjects", [&] { d_->selectObjects(IDLayer); }); }
 
+void Viewer::GetInfo(int IDLayer, int IDElement, bool ReleaseEvent)
+{
+    guarded(*this, "GetInfo", [&] { d_->getInfo(IDLayer, IDElement, ReleaseEvent); });
+}
+
+void Viewer::EditInfo(int IDLayer, int IDElement, const QVariant& FieldInfo)
+{
+    guarded(*this, "EditInfo", [&] { d_->editInfo(IDLayer, IDElement, FieldInfo); });
+}
+
 void Viewer::ZoomFactor(float Factor)
 {
     guarded(*this, "ZoomFactor", [&] {

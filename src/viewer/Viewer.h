@@ -3,6 +3,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <QVariant>
 #include <QWidget>
 
 #include <cstdint>
@@ -183,6 +184,15 @@ public:
     // Shows the union of the boxes of the given elements of a layer. One
     // element that is not loaded has its box asked for from the server.
     Q_INVOKABLE void ZoomToSelected(int IDLayer, const QList<int>& IDElement);
+    // Shows the values of element IDElement of layer IDLayer in a dialog,
+    // or with ReleaseEvent hands them to the host with InfoArrival. Element
+    // 0 arms a tool whose click picks the elements on the map.
+    Q_INVOKABLE void GetInfo(int IDLayer, int IDElement, bool ReleaseEvent = false);
+    // Lets the values of an element change, for users who may edit the
+    // layer: FieldInfo maps field names to new values, or is empty to let
+    // the user type them in a dialog. Each changed value is sent to the
+    // server. Element 0 arms a tool whose click picks the element.
+    Q_INVOKABLE void EditInfo(int IDLayer, int IDElement, const QVariant& FieldInfo = QVariant());
     // Shows the label of the entity of layer IDLayer under the resting
     // mouse; layer 0 switches the tooltip off. The field name is kept, but
     // the text shown is always the layer's label.

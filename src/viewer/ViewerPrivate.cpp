@@ -5,10 +5,12 @@
 #include "viewer/Guarded.h"
 #include "viewer/InputCodes.h"
 #include "render/OleColor.h"
+#include "viewer/PresetFieldValues.h"
 #include "viewer/Viewer.h"
 #include "ui/WidgetUiServices.h"
 #include "ui/dlgSetDirections.h"
 #include "viewer/tools/DirectionsTool.h"
+#include "viewer/tools/InformationTool.h"
 #include "viewer/tools/SelectTool.h"
 #include "viewer/tools/ZoomFactorTool.h"
 
@@ -166,6 +168,12 @@ void ViewerPrivate::showToolStatus(const QString& text)
 void ViewerPrivate::definitionLoaded()
 {
     emit viewer_.MapLoaded();
+}
+
+void ViewerPrivate::informationArrived(std::int32_t layerId, std::int32_t elementId, const QStringList& fieldNames,
+                                       const QList<int>& fieldTypes, const QStringList& values)
+{
+    emit viewer_.InfoArrival(layerId, elementId, fieldNames, fieldTypes, values);
 }
 
 QWidget* ViewerPrivate::dialogParent()
@@ -372,6 +380,49 @@ void ViewerPrivate::selectObjects(std::int32_t layerId)
 {
     existingLayer(layerId);
     selectTool(SelectTool::kNumber, layerId);
+}
+
+void ViewerPrivate::getInfo(std::int32_t layerId, std::int32_t elementId, bool releaseEvent)
+{
+    if (document_.busy) {
+        return;
+    }
+    session_.releaseInformation(releaseEvent);
+    if (informationAllowed(existingLayer(layerId), ALViewer)) {
+        startInformation(layerId, elementId, false);
+    }
+}
+
+void ViewerPrivate::editInfo(std::int32_t layerId, std::int32_t elementId, const QVariant& fieldInfo)
+{
+    if (document_.busy) {
+        return;
+    }
+    const layer& target = existingLayer(layerId);
+    auto preset = presetFieldValues(target, fieldInfo);
+    if (informationAllowed(target, ALEditor)) {
+        session_.presetEditValues(std::move(preset));
+        startInformation(layerId, elementId, true);
+    }
+}
+
+bool ViewerPrivate::informationAllowed(const layer& target, CONSTACCESSLEVEL needed)
+{
+    if (target.AccessLevel < needed) {
+        messageBox(QStringLiteral("Acceso Denegado"), MessageButtons::OK, MessageIcon::Critical,
+                   QStringLiteral("Orbelan"));
+        return false;
+    }
+    return target.Tipo != ImageLayer;
+}
+
+void ViewerPrivate::startInformation(std::int32_t layerId, std::int32_t elementId, bool forEditing)
+{
+    if (elementId != 0) {
+        requestInformation(layerId, elementId, forEditing);
+    } else {
+        selectTool(forEditing ? InformationTool::kEditingNumber : InformationTool::kNumber, layerId);
+    }
 }
 
 void ViewerPrivate::selectionSet(std::int32_t layerId, const std::vector<std::int32_t>& ids)

@@ -48,6 +48,8 @@ public:
     void zoomToExtents() override;
     void changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName = {}) override;
     void definitionLoaded() override;
+    void informationArrived(std::int32_t layerId, std::int32_t elementId, const QStringList& fieldNames,
+                            const QList<int>& fieldTypes, const QStringList& values) override;
     QWidget* dialogParent() override;
 
     // MapToolHost
@@ -69,6 +71,10 @@ public:
     void showToolStatus(const QString& text) override;
     ToolMenus& menus() override { return menus_; }
     void selectionSet(std::int32_t layerId, const std::vector<std::int32_t>& ids) override;
+    void requestInformation(std::int32_t layerId, std::int32_t elementId, bool forEditing) override
+    {
+        session_.requestInformation(layerId, elementId, forEditing);
+    }
     MessageAnswer messageBox(const QString& text, MessageButtons buttons, MessageIcon icon,
                              const QString& caption) override;
 
@@ -89,6 +95,12 @@ public:
     void setDirections(std::int32_t layerId);
     // Starts collecting elements of a layer for the host.
     void selectObjects(std::int32_t layerId);
+    // Shows, or tells the host, the values of an element of a layer; element
+    // 0 lets the user pick it on the map.
+    void getInfo(std::int32_t layerId, std::int32_t elementId, bool releaseEvent);
+    // Lets the values of an element change, to those fieldInfo gives or to
+    // those the user types; element 0 lets the user pick it on the map.
+    void editInfo(std::int32_t layerId, std::int32_t elementId, const QVariant& fieldInfo);
     void showElements(std::int32_t layerId, const QList<int>& elements);
     void chooseToolTipLayer(int layerId, const QString& field);
     // The tooltip goes with the pointer.
@@ -151,6 +163,10 @@ private:
     }
     // The layer with that ID; std::invalid_argument when the map has none.
     const layer& existingLayer(std::int32_t layerId);
+    // The user may see (or change) the values of the layer's elements: at
+    // least the access level needed, and not an image layer.
+    bool informationAllowed(const layer& target, CONSTACCESSLEVEL needed);
+    void startInformation(std::int32_t layerId, std::int32_t elementId, bool forEditing);
     void connectMenus();
     // A new polygon of the selection starts with no vertex.
     void startSelectionPolygon();

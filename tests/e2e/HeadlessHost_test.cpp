@@ -101,4 +101,18 @@ TEST_F(HeadlessHostTest, MenuItemsAndScriptedDialogsDriveAMeasurement)
     }
 }
 
+// EditInfo takes its values as FIELD=VALUE words; InfoArrival prints its
+// arrays as lists.
+TEST_F(HeadlessHostTest, EditInfoValuesAndTheInfoArrivalLine)
+{
+    parks.Campos().Add("NOMBRE", 202);
+    ASSERT_TRUE(run("EditInfo 3 1 \"nombre=Bosque Alto\"\nEditInfo 3 1 AREA=2\nEditInfo 3\n"));
+    QCoreApplication::processEvents();
+    emit viewer.InfoArrival(3, 1, {"NOMBRE", "AREA"}, {202, 5}, {"Bosque", "2.5"});
+    EXPECT_EQ(out.str(), "msgbox critical \"Orbelan\" \"Acceso Denegado\"\n"
+                         "error \"EditInfo: layer 3 has no field \\\"AREA\\\"\"\n"
+                         "error \"EditInfo needs a layer, an element and optional FIELD=VALUE pairs\"\n"
+                         "event InfoArrival 3 1 [\"NOMBRE\",\"AREA\"] [202,5] [\"Bosque\",\"2.5\"]\n");
+}
+
 } // namespace

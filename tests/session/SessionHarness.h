@@ -47,6 +47,11 @@ public:
         status.change(layerId, step, layerName);
     }
     void definitionLoaded() override { ++loaded; }
+    void informationArrived(std::int32_t layerId, std::int32_t elementId, const QStringList& fieldNames,
+                            const QList<int>& fieldTypes, const QStringList& values) override
+    {
+        information.push_back({layerId, elementId, fieldNames, fieldTypes, values});
+    }
     QWidget* dialogParent() override { return nullptr; }
 
     orbelan::StatusList status;
@@ -54,6 +59,14 @@ public:
     int zooms = 0;
     int loaded = 0;
     std::vector<orbelan::BoundingBox> shown;
+    struct Information {
+        std::int32_t layer;
+        std::int32_t element;
+        QStringList names;
+        QList<int> types;
+        QStringList values;
+    };
+    std::vector<Information> information;
 };
 
 // A session without widget or socket: the test plays the server by handing

@@ -1,4 +1,8 @@
+#include "protocol/messages/AttributeUpdate.h"
 #include "protocol/messages/ElementBoundingBoxRequest.h"
+#include "protocol/messages/ElementInformation.h"
+#include "protocol/messages/ElementInformationRequest.h"
+#include "protocol/messages/MessageIO.h"
 #include "model/Layers.h"
 #include "viewer/InputCodes.h"
 #include "viewer/PropertyBag.h"
@@ -15,7 +19,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <map>
+#include <optional>
 #include <tuple>
 
 using namespace orbelan;
@@ -56,6 +62,30 @@ QByteArray readExactly(QTcpSocket& socket, qsizetype count)
         return bytes.size() == count;
     });
     return complete ? bytes : QByteArray();
+}
+
+// The next request of the given code from the peer, those before it passed
+// over; nothing when none comes in time.
+std::optional<DWBUffer> nextRequest(QTcpSocket& peer, CommandCode code)
+{
+    for (QByteArray header = readExactly(peer, 8); header.size() == 8; header = readExactly(peer, 8)) {
+        std::uint32_t length = 0;
+        std::memcpy(&length, header.constData() + 4, sizeof length);
+        const QByteArray whole = length > 8 ? header + readExactly(peer, length - 8) : header;
+        DWBUffer request(std::span(reinterpret_cast<const std::uint8_t*>(whole.constData()),
+                                   static_cast<std::size_t>(whole.size())));
+        if (whole.size() == length && messages::readHeader(request) == code) {
+            return request;
+        }
+    }
+    return std::nullopt;
+}
+
+template <typename Message>
+void send(QTcpSocket& peer, const Message& message)
+{
+    const DWBUffer built = messages::buildMessage(message);
+    peer.write(reinterpret_cast<const char*>(built.bytes().data()), static_cast<qint64>(built.bytes().size()));
 }
 
 void pressAndRelease(QWidget& target, Qt::Key key, Qt::KeyboardModifiers modifiers, const QString& text = {})
@@ -289,6 +319,50 @@ TEST_F(ViewerTest, ZoomToSelectedAsksForTheBoxOfAnElementNotLoaded)
               (messages::ElementBoundingBoxRequest{5, 99}));
     EXPECT_EQ(viewer.PendingRequests(), pending + 1);
     EXPECT_FALSE(viewer.viewport().viewReady());
+}
+
+// Element 0 arms the information tool, whose click asks for the element
+// under it; the values can come as an event; EditInfo needs an editor and
+// sends one update per value it changes.
+TEST_F(ViewerTest, InformationIsPickedReleasedAndEditedThroughTheServer)
+{
+    std::unique_ptr<QTcpSocket> peer = showConnected();
+    ASSERT_TRUE(peer);
+    layer& parcels = viewer.Layers().AddLayer("Predios", 5, polygonlayer, viewer.viewport());
+    parcels.AccessLevel = ALViewer;
+    parcels.Selectable = true;
+    parcels.setUserVisibility(2);
+    parcels.GridDeltaX = parcels.GridDeltaY = 0.5f;
+    parcels.Campos().Add("NOMBRE", 202);
+    parcels.Campos().Add("AREA", 5);
+    parcels.Entidades.AddEntity(1, std::vector<Vertex>{{1, 1}, {2, 1}, {2, 2}, {1, 2}}, parcels);
+    viewer.SetView(-10, -7.5, 10, 7.5);
+    viewer.GetInfo(5, 0);
+    EXPECT_EQ(viewer.currentTool(), 4);
+    QTest::mouseClick(&viewer, Qt::LeftButton, Qt::NoModifier, QPoint(230, 120)); // (1.5, 1.5)
+    EXPECT_EQ(viewer.currentTool(), 0);
+    std::optional<DWBUffer> request = nextRequest(*peer, CommandCode::ElementInformationRequest);
+    ASSERT_TRUE(request);
+    EXPECT_EQ(messages::ElementInformationRequest::decode(*request), (messages::ElementInformationRequest{5, 1}));
+
+    QSignalSpy arrivals(&viewer, &Viewer::InfoArrival);
+    viewer.GetInfo(5, 1, true);
+    send(*peer, messages::ElementInformation{5, 1, true, {{202, "Alameda"}, {5, "2.5"}}});
+    ASSERT_TRUE(QTest::qWaitFor([&] { return arrivals.size() == 1; }));
+    EXPECT_EQ(arrivals.back().at(4).toStringList(), (QStringList{"Alameda", "2.5"}));
+
+    viewer.EditInfo(5, 1, QVariantMap{{"nombre", "Bandera"}});
+    ASSERT_EQ(ui.messages().size(), 1u);
+    EXPECT_EQ(std::tuple(ui.messages().back().text, ui.messages().back().icon),
+              std::tuple("Acceso Denegado", MessageIcon::Critical));
+    parcels.AccessLevel = ALEditor;
+    viewer.EditInfo(5, 1, QVariantMap{{"nombre", "Bandera"}, {"AREA", 2.5}});
+    send(*peer, messages::ElementInformation{5, 1, true, {{202, "Alameda"}, {5, "2.5"}}});
+    request = nextRequest(*peer, CommandCode::AttributeUpdate);
+    ASSERT_TRUE(request);
+    const GridCell cell = parcels.GetPointCell(1.5, 1.5);
+    EXPECT_EQ(messages::AttributeUpdate::decode(*request),
+              (messages::AttributeUpdate{5, 1, cell.row, cell.column, 1, 202, "Bandera"}));
 }
 
 } // namespace

@@ -6,12 +6,37 @@
 
 namespace orbelan {
 
-std::int32_t pickElement(MapToolHost& host, std::int32_t layerId, QPointF pixel)
+namespace {
+
+// Hands the layer, the point in degrees and the reach to pick, when the
+// layer exists and the pixel is on the globe.
+template <typename Pick>
+void pickAt(MapToolHost& host, std::int32_t layerId, QPointF pixel, const Pick& pick)
 {
     const Viewport& view = host.viewport();
     layer* target = host.layers().Find(layerId);
-    const auto at = geographicOf(view, view.toMap(pixel.x(), pixel.y()));
-    return target && at ? target->SelectByPoint(at->X, at->Y, pickReach(view, pixel)) : 0;
+    if (const auto at = geographicOf(view, view.toMap(pixel.x(), pixel.y())); target && at) {
+        pick(*target, *at, pickReach(view, pixel));
+    }
+}
+
+} // namespace
+
+std::int32_t pickElement(MapToolHost& host, std::int32_t layerId, QPointF pixel)
+{
+    std::int32_t id = 0;
+    pickAt(host, layerId, pixel,
+           [&id](layer& target, const Vertex& at, double reach) { id = target.SelectByPoint(at.X, at.Y, reach); });
+    return id;
+}
+
+std::vector<std::int32_t> pickElements(MapToolHost& host, std::int32_t layerId, QPointF pixel)
+{
+    std::vector<std::int32_t> ids;
+    pickAt(host, layerId, pixel, [&ids](layer& target, const Vertex& at, double reach) {
+        target.SelectByPointMany(at.X, at.Y, ids, reach);
+    });
+    return ids;
 }
 
 } // namespace orbelan
