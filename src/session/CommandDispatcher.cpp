@@ -5,8 +5,10 @@
 #include "session/CellGeometryLoader.h"
 #include "session/ElementBoxLoader.h"
 #include "session/ElementChangeLoader.h"
+#include "session/FindResultLoader.h"
 #include "session/LayerDefinitionLoader.h"
 #include "session/MapDefinitionLoader.h"
+#include "session/ResultTableLoader.h"
 #include "protocol/messages/MessageIO.h"
 #include "protocol/RequestSender.h"
 #include "session/SessionEvents.h"
@@ -43,6 +45,8 @@ constexpr std::array kRoutes = {
     Route{LayerAccessLevels, loadLayerAccessLevels},
     Route{ElementBoundingBox, loadElementBoundingBox},
     Route{ElementChangeNotification, loadElementChange},
+    Route{FindByConditionResult, loadFindResult},
+    Route{ResultTable, loadResultTable},
 };
 
 const Route* routeOf(CommandCode code)

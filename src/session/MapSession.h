@@ -9,6 +9,11 @@
 
 namespace orbelan {
 
+namespace messages {
+struct Condition;
+struct ConstrainedElementQuery;
+} // namespace messages
+
 class MapDocument;
 class SessionEvents;
 class UiServices;
@@ -49,6 +54,13 @@ public:
     // Asks the server for the box of an element; the reply shows it when
     // zoom is set.
     void requestElementBox(std::int32_t layerId, std::int32_t elementId, bool zoom);
+    // Asks for the elements that meet the condition.
+    void findByCondition(const messages::Condition& condition);
+    // Asks for the elements of the query; the reply shows them in the
+    // information grid when mode is -1, as a list when it is 0.
+    void queryElements(const messages::ConstrainedElementQuery& query, std::int32_t mode);
+    // Asks for the attribute values of an element, to be shown, not edited.
+    void requestElementInformation(std::int32_t layerId, std::int32_t elementId);
 
 private:
     void installDispatcher(UiServices& ui);

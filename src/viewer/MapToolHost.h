@@ -62,6 +62,9 @@ public:
     virtual ToolMenus& menus() = 0;
     // Tells hosts which elements of the layer a selection collected.
     virtual void selectionSet(std::int32_t layerId, const std::vector<std::int32_t>& ids) = 0;
+    // The polygon of a multiple selection was picked or drawn: the
+    // selection goes on with it.
+    virtual void resumeMultipleSelection() = 0;
     // A line of the status text that the tool keeps up to date; empty for none.
     virtual void showToolStatus(const QString& text) = 0;
     virtual MessageAnswer messageBox(const QString& text, MessageButtons buttons, MessageIcon icon,

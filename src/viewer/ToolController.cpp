@@ -5,7 +5,9 @@
 #include "viewer/tools/DirectionsTool.h"
 #include "viewer/tools/MeasureTool.h"
 #include "viewer/tools/PanTool.h"
+#include "viewer/tools/PolygonPickTool.h"
 #include "viewer/tools/SelectTool.h"
+#include "viewer/tools/SelectionPolygonTool.h"
 #include "viewer/tools/ZoomFactorTool.h"
 #include "viewer/tools/ZoomWindowTool.h"
 
@@ -40,6 +42,8 @@ ToolController::ToolController(MapToolHost& host)
     add<MeasureTool>(tools_, host, state_);
     add<SelectTool>(tools_, host, state_);
     add<DirectionsTool>(tools_, host, state_);
+    add<PolygonPickTool>(tools_, host, state_);
+    add<SelectionPolygonTool>(tools_, host, state_);
     zoomFactor_ = static_cast<ZoomFactorTool*>(tools_.at(ZoomFactorTool::kNumber).get());
 }
 

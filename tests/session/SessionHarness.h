@@ -48,12 +48,22 @@ public:
     }
     void definitionLoaded() override { ++loaded; }
     QWidget* dialogParent() override { return nullptr; }
+    void clearHighlight() override { highlighted.clear(); }
+    void highlightElement(std::int32_t, std::int32_t elementId) override { highlighted.push_back(elementId); }
+    void zoomToElements(std::int32_t, const std::vector<std::int32_t>& elementIds) override
+    {
+        zoomedTo = elementIds;
+    }
+    void showElementInformation(std::int32_t, std::int32_t elementId) override { informed.push_back(elementId); }
 
     orbelan::StatusList status;
     int redraws = 0;
     int zooms = 0;
     int loaded = 0;
     std::vector<orbelan::BoundingBox> shown;
+    std::vector<std::int32_t> highlighted;
+    std::vector<std::int32_t> zoomedTo;
+    std::vector<std::int32_t> informed;
 };
 
 // A session without widget or socket: the test plays the server by handing
