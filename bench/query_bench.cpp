@@ -22,8 +22,8 @@ constexpr std::int16_t kColumns = 10;
 std::vector<GridColumn> columns()
 {
     std::vector<GridColumn> grid{{"# Element", 0, false}, {"NAME", 202, false}};
-    for (const std::int16_t type : {3, 3, 3, 3, 5, 5, 4, 4}) {
-        grid.push_back({QStringLiteral("F%1").arg(grid.size()), type, true});
+    for (const int type : {3, 3, 3, 3, 5, 5, 4, 4}) {
+        grid.push_back({QStringLiteral("F%1").arg(grid.size()), static_cast<std::int16_t>(type), true});
     }
     return grid;
 }

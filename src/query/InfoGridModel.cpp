@@ -7,7 +7,6 @@
 #include <QColor>
 
 #include <algorithm>
-#include <array>
 #include <string_view>
 
 namespace orbelan {
@@ -25,21 +24,10 @@ QColor colourOf(InfoGridModel::Shade shade)
     return QColor(255, 255, 255);
 }
 
-// The number a cell spells, read without building a copy of its text; a
-// text too long or not in ASCII is no number.
-double cellNumber(const QString& text)
+// The number a cell spells; a text that is no number counts as 0.
+double cellNumber(std::string_view text)
 {
-    constexpr qsizetype kLongestNumber = 64;
-    if (text.size() > kLongestNumber)
-        return 0;
-    std::array<char, kLongestNumber> ascii{};
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        const char16_t code = text[i].unicode();
-        if (code >= 128)
-            return 0;
-        ascii[static_cast<std::size_t>(i)] = static_cast<char>(code);
-    }
-    return parseNumber(std::string_view(ascii.data(), static_cast<std::size_t>(text.size()))).value_or(0);
+    return parseNumber(text).value_or(0);
 }
 
 } // namespace
@@ -53,10 +41,14 @@ InfoGridModel::InfoGridModel(std::vector<GridColumn> columns, const messages::Re
     const std::size_t perRow = table.valuesPerRow();
     columns_.resize(std::max(columns_.size(), perRow + 1));
     ids_.assign(table.ids.begin(), table.ids.begin() + static_cast<std::ptrdiff_t>(rows));
-    values_.reserve(rows * (columns_.size() - 1));
+    const std::size_t valueColumns = columns_.size() - 1;
+    values_.reserve(rows * valueColumns);
+    numbers_.reserve(rows * valueColumns);
     for (std::size_t row = 0; row < rows; ++row) {
-        for (std::size_t value = 0; value < columns_.size() - 1; ++value) {
-            values_.push_back(value < perRow ? QString::fromStdString(table.value(row, value)) : QString());
+        for (std::size_t value = 0; value < valueColumns; ++value) {
+            const std::string_view text = value < perRow ? std::string_view(table.value(row, value)) : std::string_view();
+            values_.push_back(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())));
+            numbers_.push_back(columns_[value + 1].totalled ? cellNumber(text) : 0);
         }
     }
     totals_.resize(columns_.size());
@@ -116,14 +108,14 @@ QStringList InfoGridModel::columnTexts(int column) const
 void InfoGridModel::setColumnTexts(int column, const QStringList& texts)
 {
     for (int row = 0; row < dataRows() && row < texts.size(); ++row)
-        values_[at(row, column)] = texts[row];
+        setCell(at(row, column), texts[row]);
     columnChanged(column);
 }
 
 void InfoGridModel::fillColumn(int column, const QString& text)
 {
     for (int row = 0; row < dataRows(); ++row)
-        values_[at(row, column)] = text;
+        setCell(at(row, column), text);
     columnChanged(column);
 }
 
@@ -140,8 +132,8 @@ void InfoGridModel::computeTotals()
         if (!columns_[column].totalled)
             continue;
         double sum = 0;
-        for (std::size_t cell = column - 1; cell < values_.size(); cell += perRow)
-            sum += cellNumber(values_[cell]);
+        for (std::size_t cell = column - 1; cell < numbers_.size(); cell += perRow)
+            sum += numbers_[cell];
         totals_[column] = QString::fromStdString(numberText(sum, wireTypeOf(columns_[column].fieldType)));
     }
 }
@@ -151,8 +143,17 @@ std::size_t InfoGridModel::at(int row, int column) const
     return static_cast<std::size_t>(row) * (columns_.size() - 1) + static_cast<std::size_t>(column - 1);
 }
 
+void InfoGridModel::setCell(std::size_t cell, QString text)
+{
+    const std::size_t column = cell % (columns_.size() - 1) + 1;
+    numbers_[cell] = columns_[column].totalled ? cellNumber(text.toStdString()) : 0;
+    values_[cell] = std::move(text);
+}
+
 void InfoGridModel::columnChanged(int column)
 {
+    if (dataRows() == 0)
+        return;
     emit dataChanged(index(0, column), index(dataRows() - 1, column));
 }
 

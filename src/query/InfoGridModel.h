@@ -63,12 +63,17 @@ public:
 
 private:
     std::size_t at(int row, int column) const;
+    // Keeps the number a cell of a totalled column spells, read once when
+    // the cell changes.
+    void setCell(std::size_t cell, QString text);
     void columnChanged(int column);
 
     std::vector<GridColumn> columns_;
     std::vector<std::int32_t> ids_;
     // Row after row, every column but the id.
     std::vector<QString> values_;
+    // The same cells as numbers, 0 for text columns.
+    std::vector<double> numbers_;
     std::vector<QString> totals_;
     std::vector<Shade> shades_;
 };

@@ -3,7 +3,12 @@
 #include "query/ConstrainedQuery.h"
 #include "query/ConstraintCheck.h"
 #include "query/OperatorTexts.h"
+#include "query/dlgFindByCondition.h"
 #include "query/dlgSelect.h"
+
+#include <QComboBox>
+
+#include <tuple>
 #include "ui/ScriptedUiServices.h"
 
 #include <gtest/gtest.h>
@@ -44,9 +49,9 @@ struct AnyView : ParentMap {
     std::int32_t ImageNumberOf(std::string_view) const override { return -1; }
 };
 
-class Selection : public ::testing::Test {
+class QueryDialogs : public ::testing::Test {
 protected:
-    Selection()
+    QueryDialogs()
     {
         layer& parcels = layers.AddLayer("parcels", 5, polygonlayer, view);
         parcels.Visible = true;
@@ -59,7 +64,7 @@ protected:
     ScriptedUiServices ui;
 };
 
-TEST_F(Selection, AValueThatDoesNotReadBackThroughItsFieldTypeClearsEveryConstraint)
+TEST_F(QueryDialogs, AValueThatDoesNotReadBackThroughItsFieldTypeClearsEveryConstraint)
 {
     const layer& parcels = *layers.Find(5);
     EXPECT_TRUE(constraintsFit({{"LOTS", kEqual, "15", ""}}, parcels));
@@ -69,7 +74,7 @@ TEST_F(Selection, AValueThatDoesNotReadBackThroughItsFieldTypeClearsEveryConstra
     EXPECT_TRUE(constraintsFit({{"NAME", kEqual, "x", ""}, {"LOTS", kEqual, "1.50", ""}}, parcels));
 }
 
-TEST_F(Selection, NoPolygonWithTwoConstraintsAsksForTheWholeLayerUnderBoth)
+TEST_F(QueryDialogs, NoPolygonWithTwoConstraintsAsksForTheWholeLayerUnderBoth)
 {
     dlgSelect dialog(layers, {0, 5, 0, false, {{"LOTS", kGreater, "15", ""}, {"NAME", kContaining, "AB", ""}}}, ui);
     ui.queueDialog({"dlgSelect", {{"optNoPol", "1"}}, "OKButton"});
@@ -79,6 +84,24 @@ TEST_F(Selection, NoPolygonWithTwoConstraintsAsksForTheWholeLayerUnderBoth)
     using Sent = messages::ConstrainedElementQuery;
     EXPECT_EQ(constrainedQuery(*layers.Find(5), {}, dialog.constraints()),
               (Sent{5, {}, {{"LOTS", 3, kGreater, "15", ""}, {"NAME", 202, kContaining, "AB", ""}}}));
+}
+
+// An unknown field leaves the layer locked and the field to choose; the
+// operators follow the field chosen.
+TEST_F(QueryDialogs, FindDialogLocksThePresetLayerAndCompletesTheCondition)
+{
+    dlgFindByCondition dialog(layers, {5, "ROAD", 0, kEqual, "", ""});
+    const auto* layerBox = dialog.findChild<QComboBox*>("cboLayer");
+    const auto* fieldBox = dialog.findChild<QComboBox*>("cboFieldName");
+    const auto* operatorBox = dialog.findChild<QComboBox*>("cboOperator");
+    EXPECT_FALSE(layerBox->isEnabled());
+    EXPECT_TRUE(fieldBox->isEnabled() && operatorBox->isEnabled());
+    EXPECT_EQ(std::tuple(fieldBox->currentText(), operatorBox->count()), std::tuple("LOTS", 7));
+    ui.queueDialog({"dlgFindByCondition",
+                    {{"cboFieldName", "NAME"}, {"cboOperator", "Starting with"}, {"txtValue1", "ab"}},
+                    "OKButton"});
+    ui.execDialog(dialog);
+    EXPECT_EQ(dialog.condition(), (messages::Condition{5, "NAME", 202, kStartingWith, "ab", ""}));
 }
 
 } // namespace
