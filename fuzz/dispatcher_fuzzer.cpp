@@ -3,8 +3,8 @@
 // input is a byte stream that the message framer cuts into messages, so
 // every reply code reaches its loader with any payload.
 //
-// No socket and no widget: requests are counted and dropped, message boxes
-// answered at once, and showing the whole map asks for the cells of a fixed
+// No socket and no window: requests are counted and dropped, message boxes
+// answered and dialogs closed at once, and showing the whole map asks for the cells of a fixed
 // view, as the control does. Besides the sanitizers, the only exception
 // allowed out of the dispatcher is the typed read error that abandons the
 // rest of a message.
@@ -21,6 +21,8 @@
 #include "session/SessionState.h"
 #include "ui/ScriptedUiServices.h"
 #include "view/Viewport.h"
+
+#include <QApplication>
 
 #include <cstdint>
 #include <limits>
@@ -58,6 +60,10 @@ public:
     {
     }
     QWidget* dialogParent() override { return nullptr; }
+    void clearHighlight() override {}
+    void highlightElement(std::int32_t, std::int32_t) override {}
+    void zoomToElements(std::int32_t, const std::vector<std::int32_t>&) override {}
+    void showElementInformation(std::int32_t, std::int32_t) override {}
 
 private:
     CellRequester* cells_ = nullptr;
@@ -109,6 +115,17 @@ struct Session {
 };
 
 } // namespace
+
+// Replies 113 and 114 open dialogs, which need an application; the
+// scripted services close them at once.
+extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    static QApplication application(*argc, *argv);
+    return 0;
+}
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {

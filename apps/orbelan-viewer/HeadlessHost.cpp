@@ -70,10 +70,22 @@ std::optional<QVariant> toIntegerList(QString word)
 }
 
 // The word as a value of the parameter's type, when it can be one.
+// A list of texts written as a,b,c or [a,b,c]; [] is the empty list.
+QVariant toTextList(QString word)
+{
+    if (word.startsWith('[') && word.endsWith(']')) {
+        word = word.mid(1, word.size() - 2);
+    }
+    return QVariant::fromValue(word.isEmpty() ? QStringList() : word.split(','));
+}
+
 std::optional<QVariant> toArgument(const QString& word, QMetaType type)
 {
     if (type == QMetaType::fromType<QList<int>>()) {
         return toIntegerList(word);
+    }
+    if (type == QMetaType::fromType<QStringList>()) {
+        return toTextList(word);
     }
     QVariant value = word;
     return value.convert(type) ? std::optional(value) : std::nullopt;

@@ -36,7 +36,8 @@ int selectionLayer(Viewer& viewer)
 }
 
 // A mouse tool of the tool bar: the number the control reports while it is
-// current, its pointer (none for the default arrow) and what selects it.
+// current (-1 for a command that opens a dialog), its pointer (none for the
+// default arrow) and what selects it.
 struct ToolButton {
     int tool;
     std::optional<toolcursors::Resource> cursor;
@@ -50,6 +51,8 @@ const ToolButton kToolButtons[] = {
     {3, toolcursors::Pan, "Pan", [](Viewer& v) { v.Pan(); }},
     {8, toolcursors::Measure, "Measure Distance", [](Viewer& v) { v.MeasureDistance(); }},
     {11, std::nullopt, "Select objects", [](Viewer& v) { v.SelectObjects(selectionLayer(v)); }},
+    {12, std::nullopt, "Multiple selection", [](Viewer& v) { v.MultipleSelect(true, selectionLayer(v), 0, 0); }},
+    {-1, std::nullopt, "Find by condition", [](Viewer& v) { v.FindByCondition(0, {}, 0, {}, {}, false); }},
 };
 
 // The button shows the tool's pointer.

@@ -9,9 +9,10 @@ namespace orbelan {
 
 namespace {
 
+// Room for "%.0f" of the largest double: 309 digits, a sign and the end.
 std::string printed(const char* format, double value)
 {
-    char text[40];
+    char text[320];
     const int length = std::snprintf(text, sizeof text, format, value);
     return std::string(text, static_cast<std::size_t>(length));
 }

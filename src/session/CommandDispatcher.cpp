@@ -6,8 +6,10 @@
 #include "session/ElementBoxLoader.h"
 #include "session/ElementChangeLoader.h"
 #include "session/ElementInformationLoader.h"
+#include "session/FindResultLoader.h"
 #include "session/LayerDefinitionLoader.h"
 #include "session/MapDefinitionLoader.h"
+#include "session/ResultTableLoader.h"
 #include "protocol/messages/MessageIO.h"
 #include "protocol/RequestSender.h"
 #include "session/SessionEvents.h"
@@ -45,6 +47,8 @@ constexpr std::array kRoutes = {
     Route{ElementBoundingBox, loadElementBoundingBox},
     Route{ElementChangeNotification, loadElementChange},
     Route{ElementInformation, loadElementInformation},
+    Route{FindByConditionResult, loadFindResult},
+    Route{ResultTable, loadResultTable},
 };
 
 const Route* routeOf(CommandCode code)

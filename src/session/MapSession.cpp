@@ -1,8 +1,10 @@
 #include "session/MapSession.h"
 
 #include "protocol/messages/AccessRequest.h"
+#include "protocol/messages/ConstrainedElementQuery.h"
 #include "protocol/messages/ElementBoundingBoxRequest.h"
 #include "protocol/messages/ElementInformationRequest.h"
+#include "protocol/messages/FindByConditionRequest.h"
 #include "session/CommandDispatcher.h"
 #include "model/MapDocument.h"
 #include "session/SessionEvents.h"
@@ -87,7 +89,15 @@ void MapSession::requestInformation(std::int32_t layerId, std::int32_t elementId
     state_.editCellI.clear();
     state_.editCellJ.clear();
     events_.changeStatus(layerId, StatusList::RequestingInformation);
-    sendMessage(connection_, messages::ElementInformationRequest{layerId, elementId});
+void MapSession::findByCondition(const messages::Condition& condition)
+{
+    sendMessage(connection_, messages::FindByConditionRequest{condition});
+}
+
+void MapSession::queryElements(const messages::ConstrainedElementQuery& query, std::int32_t mode)
+{
+    state_.resultTableMode = mode;
+    sendMessage(connection_, query);
 }
 
 void MapSession::identify()

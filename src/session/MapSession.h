@@ -13,6 +13,11 @@
 
 namespace orbelan {
 
+namespace messages {
+struct Condition;
+struct ConstrainedElementQuery;
+} // namespace messages
+
 class MapDocument;
 class SessionEvents;
 class UiServices;
@@ -65,6 +70,11 @@ public:
     {
         state_.presetEditValues = std::move(values);
     }
+    // Asks for the elements that meet the condition.
+    void findByCondition(const messages::Condition& condition);
+    // Asks for the elements of the query; the reply shows them in the
+    // information grid when mode is -1, as a list when it is 0.
+    void queryElements(const messages::ConstrainedElementQuery& query, std::int32_t mode);
 
 private:
     void installDispatcher(UiServices& ui);

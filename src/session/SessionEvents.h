@@ -1,5 +1,7 @@
 #pragma once
 
+#include "query/QueryMap.h"
+
 #include <cstdint>
 
 #include <QList>
@@ -13,8 +15,9 @@ namespace orbelan {
 class BoundingBox;
 
 // What the session asks of the control that shows its map: a loader or the
-// cell requester never sees the widget, only this.
-class SessionEvents {
+// cell requester never sees the widget, only this. The query dialogs that
+// replies open ask the map through the same control.
+class SessionEvents : public QueryMap {
 public:
     virtual ~SessionEvents() = default;
 

@@ -28,6 +28,9 @@ struct SessionState {
     // New values for the next element to edit, by field number from 1,
     // applied without asking the user; used once.
     std::optional<std::map<std::int32_t, std::string>> presetEditValues;
+    // Set with the last query of elements: -1 shows the answer in the
+    // information grid, 0 as a list of elements.
+    std::int32_t resultTableMode = 0;
 };
 
 } // namespace orbelan

@@ -1,6 +1,7 @@
 #include "ui/ScriptedUiServices.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QDialog>
 #include <QDoubleSpinBox>
@@ -38,15 +39,22 @@ QWidget& findField(QDialog& dialog, const QString& name)
     return *field;
 }
 
-// A person cannot click a disabled button, so a script may not either.
 QAbstractButton& findButton(QDialog& dialog, const QString& name)
 {
     QAbstractButton* button = name.isEmpty() ? nullptr : dialog.findChild<QAbstractButton*>(name);
     if (button == nullptr)
         refuse(QStringLiteral("dialog \"%1\" has no button \"%2\"").arg(dialog.objectName(), name));
-    if (!button->isEnabled())
-        refuse(QStringLiteral("button \"%1\" of dialog \"%2\" is disabled").arg(name, dialog.objectName()));
     return *button;
+}
+
+// A person cannot click a disabled button, so a script may not either. The
+// fields filled before may have enabled it, as they do for a person.
+void click(QDialog& dialog, const QString& name)
+{
+    QAbstractButton& button = findButton(dialog, name);
+    if (!button.isEnabled())
+        refuse(QStringLiteral("button \"%1\" of dialog \"%2\" is disabled").arg(name, dialog.objectName()));
+    button.click();
 }
 
 // Every name is looked up before any field changes, so a misspelt script
@@ -113,6 +121,35 @@ void setSpinValue(QDoubleSpinBox& spin, const QString& value)
     spin.setValue(number);
 }
 
+// "ROW" or "ROW,COLUMN" (0-based, in the order shown) makes that item
+// current, as a click does; ",dblclick" after them double-clicks it. A list
+// also takes the text of one of its items.
+void chooseInView(QAbstractItemView& view, const QString& value)
+{
+    QAbstractItemModel* model = view.model();
+    if (model == nullptr)
+        refuseValue(view, value);
+    QModelIndex item;
+    const QModelIndexList byText = model->match(model->index(0, 0), Qt::DisplayRole, value, 1, Qt::MatchExactly);
+    QStringList parts = value.split(QLatin1Char(','));
+    const bool doubleClick = parts.size() > 1 && parts.back() == QLatin1String("dblclick");
+    if (doubleClick)
+        parts.removeLast();
+    bool rowIsNumber = false;
+    bool columnIsNumber = true;
+    const int row = parts.front().toInt(&rowIsNumber);
+    const int column = parts.size() > 1 ? parts[1].toInt(&columnIsNumber) : 0;
+    if (!byText.isEmpty() && !doubleClick)
+        item = byText.front();
+    else if (rowIsNumber && columnIsNumber && parts.size() <= 2)
+        item = model->index(row, column);
+    if (!item.isValid())
+        refuseValue(view, value);
+    view.setCurrentIndex(item);
+    if (doubleClick)
+        emit view.doubleClicked(item);
+}
+
 void fillField(QWidget& field, const QString& value)
 {
     if (auto* line = qobject_cast<QLineEdit*>(&field))
@@ -129,6 +166,8 @@ void fillField(QWidget& field, const QString& value)
         setSpinValue(*spin, value);
     else if (auto* doubleSpin = qobject_cast<QDoubleSpinBox*>(&field))
         setSpinValue(*doubleSpin, value);
+    else if (auto* view = qobject_cast<QAbstractItemView*>(&field))
+        chooseInView(*view, value);
     else
         refuse(QStringLiteral("field \"%1\" is a %2, which a script cannot fill")
                    .arg(field.objectName(), QString::fromLatin1(field.metaObject()->className())));
@@ -143,7 +182,7 @@ void runScript(QDialog& dialog, const DialogScript& script)
     checkNames(dialog, script);
     for (auto field = script.fields.cbegin(); field != script.fields.cend(); ++field)
         fillField(findField(dialog, field.key()), field.value());
-    findButton(dialog, script.button).click();
+    click(dialog, script.button);
 }
 
 } // namespace

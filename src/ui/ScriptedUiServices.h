@@ -72,6 +72,10 @@ struct ShownMenu {
 //   "true", "yes" check it; "0", "false", "no" and "" clear it, in any letter
 //   case; anything else is refused.
 // - QSpinBox, QDoubleSpinBox: a number within the box's range.
+// - a list or table (QAbstractItemView): the item with exactly that text,
+//   else "ROW" or "ROW,COLUMN" (0-based, in the order the view shows) is
+//   made current as a click makes it; "ROW,COLUMN,dblclick" then
+//   double-clicks it.
 //
 // A pop-up menu is recorded and closes at once with nothing chosen: a host
 // clicks a menu's items by triggering them itself.

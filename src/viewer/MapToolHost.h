@@ -65,6 +65,9 @@ public:
     // Asks for the values of an element, to show them or, with forEditing,
     // to let the user change them.
     virtual void requestInformation(std::int32_t layerId, std::int32_t elementId, bool forEditing) = 0;
+    // The polygon of a multiple selection was picked or drawn: the
+    // selection goes on with it.
+    virtual void resumeMultipleSelection() = 0;
     // A line of the status text that the tool keeps up to date; empty for none.
     virtual void showToolStatus(const QString& text) = 0;
     virtual MessageAnswer messageBox(const QString& text, MessageButtons buttons, MessageIcon icon,

@@ -6,7 +6,9 @@
 #include "viewer/tools/InformationTool.h"
 #include "viewer/tools/MeasureTool.h"
 #include "viewer/tools/PanTool.h"
+#include "viewer/tools/PolygonPickTool.h"
 #include "viewer/tools/SelectTool.h"
+#include "viewer/tools/SelectionPolygonTool.h"
 #include "viewer/tools/ZoomFactorTool.h"
 #include "viewer/tools/ZoomWindowTool.h"
 
@@ -43,6 +45,8 @@ ToolController::ToolController(MapToolHost& host)
     add<DirectionsTool>(tools_, host, state_);
     tools_[InformationTool::kNumber] = std::make_unique<InformationTool>(host, state_, false);
     tools_[InformationTool::kEditingNumber] = std::make_unique<InformationTool>(host, state_, true);
+    add<PolygonPickTool>(tools_, host, state_);
+    add<SelectionPolygonTool>(tools_, host, state_);
     zoomFactor_ = static_cast<ZoomFactorTool*>(tools_.at(ZoomFactorTool::kNumber).get());
 }
 

@@ -11,6 +11,8 @@
 #include "protocol/Windows1252.h"
 #include "viewer/tools/ZoomWindowTool.h"
 #include "ui/dlgAbout.h"
+#include "protocol/messages/Condition.h"
+#include "query/Constraint.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -307,6 +309,51 @@ void Viewer::ZoomFactor(float Factor)
         if (Factor > 0 && Factor != 1) {
             d_->armZoomFactor(Factor);
         }
+    });
+}
+
+void Viewer::FindByCondition(std::int32_t& IDLayer, QString& FieldName, std::uint8_t& Operation, QString& Value1,
+                             QString& Value2, bool)
+{
+    guarded(*this, "FindByCondition", [&] {
+        messages::Condition condition{IDLayer, FieldName.toStdString(), 0, Operation, Value1.toStdString(),
+                                      Value2.toStdString()};
+        d_->findByCondition(condition);
+        IDLayer = condition.layer;
+        FieldName = QString::fromStdString(condition.field);
+        Operation = condition.op;
+        Value1 = QString::fromStdString(condition.value1);
+        Value2 = QString::fromStdString(condition.value2);
+    });
+}
+
+// An operation code that is no byte is no operator.
+void Viewer::FindByCondition(int IDLayer, const QString& FieldName, int Operation, const QString& Value1,
+                             const QString& Value2, bool ReleaseEvent)
+{
+    std::int32_t layerId = IDLayer;
+    QString field = FieldName;
+    std::uint8_t op = Operation >= 0 && Operation <= 255 ? static_cast<std::uint8_t>(Operation) : 0;
+    QString value1 = Value1;
+    QString value2 = Value2;
+    FindByCondition(layerId, field, op, value1, value2, ReleaseEvent);
+}
+
+void Viewer::MultipleSelect(bool FromPolygon, int SourceLayer, int IDElement, int TargetLayer,
+                            const QStringList& ConstraintsFields, const QList<int>& ConstraintsRestrictions,
+                            const QStringList& ConstraintsValue1, const QStringList& ConstraintsValue2)
+{
+    guarded(*this, "MultipleSelect", [&] {
+        SelectionPreset preset{SourceLayer, TargetLayer, IDElement, FromPolygon, {}};
+        const qsizetype count = ConstraintsFields.size();
+        if (ConstraintsRestrictions.size() == count && ConstraintsValue1.size() == count &&
+            ConstraintsValue2.size() == count) {
+            for (qsizetype i = 0; i < count; ++i) {
+                preset.constraints.push_back({ConstraintsFields[i], static_cast<std::int16_t>(ConstraintsRestrictions[i]),
+                                              ConstraintsValue1[i], ConstraintsValue2[i]});
+            }
+        }
+        d_->multipleSelection().select(preset);
     });
 }
 

@@ -179,6 +179,28 @@ public:
     // time or inside a drawn polygon, as the right click's menu chooses;
     // its "Resume" raises SelectionSet with them.
     Q_INVOKABLE void SelectObjects(int IDLayer);
+    // Asks the server for the elements of layer IDLayer whose field
+    // FieldName meets the condition (Operation 1 "=" to 10 "Between", on
+    // Value1 and, for "Between", Value2) and lists them. A condition with
+    // an unknown layer, field or operator, or no Value1, is completed in
+    // the dialog dlgFindByCondition first; its choices are written back
+    // into the arguments. ReleaseEvent is taken for hosts that pass it:
+    // the list's information opens in its dialog.
+    void FindByCondition(std::int32_t& IDLayer, QString& FieldName, std::uint8_t& Operation, QString& Value1,
+                         QString& Value2, bool ReleaseEvent);
+    Q_INVOKABLE void FindByCondition(int IDLayer, const QString& FieldName, int Operation, const QString& Value1,
+                                     const QString& Value2, bool ReleaseEvent);
+    // Selects the elements of layer TargetLayer that lie in a polygon and
+    // meet the constraints (field, operator code, first and second value,
+    // one of each per constraint; lists of different lengths are ignored),
+    // in the dialog dlgSelect, and shows them in the information grid. The
+    // polygon is element IDElement of layer SourceLayer (picked on the map
+    // when FromPolygon and it is 0), one drawn on the map, or none.
+    Q_INVOKABLE void MultipleSelect(bool FromPolygon, int SourceLayer, int IDElement, int TargetLayer,
+                                    const QStringList& ConstraintsFields = {},
+                                    const QList<int>& ConstraintsRestrictions = {},
+                                    const QStringList& ConstraintsValue1 = {},
+                                    const QStringList& ConstraintsValue2 = {});
     // Height of the view in kilometres.
     Q_INVOKABLE float CurrentZoom() const;
     // Shows the union of the boxes of the given elements of a layer. One
@@ -202,7 +224,8 @@ public:
     void RequestMissingCells();
 
     // The current mouse tool: 0 none, 1 zoom window, 2 zoom by factor, 3 pan,
-    // 8 measure distance, 11 select objects, 20 pick an element for directions.
+    // 8 measure distance, 11 select objects, 12 pick and 13 draw the polygon
+    // of a multiple selection, 20 pick an element for directions.
     int currentTool() const;
     std::int32_t PendingRequests() const;
     // No reply awaited, nothing unread or half received from the server.

@@ -9,6 +9,8 @@
 #include "viewer/Viewer.h"
 #include "ui/WidgetUiServices.h"
 #include "ui/dlgSetDirections.h"
+#include "protocol/messages/Condition.h"
+#include "query/dlgFindByCondition.h"
 #include "viewer/tools/DirectionsTool.h"
 #include "viewer/tools/InformationTool.h"
 #include "viewer/tools/SelectTool.h"
@@ -284,6 +286,9 @@ void ViewerPrivate::renderPicture(std::optional<std::int32_t> onlyLayer)
     layer* target = document_.Layers().Find(tool.targetLayer);
     if (tool.current != ToolController::kNoTool && target) {
         renderer_.highlight(picture_, viewport_, *target, tool.picked.ids());
+    }
+    if (layer* queried = document_.Layers().Find(highlightedLayer_)) {
+        renderer_.highlight(picture_, viewport_, *queried, highlighted_);
     }
     viewer_.update();
 }
@@ -676,6 +681,66 @@ void ViewerPrivate::navigationKey(int key)
 void ViewerPrivate::panByQuarter(int east, int north)
 {
     navigate([&] { return viewport_.moveByShares(kArrowPanShare * east, kArrowPanShare * north); });
+}
+
+} // namespace orbelan
+
+namespace orbelan {
+
+void ViewerPrivate::clearHighlight()
+{
+    if (!highlighted_.empty()) {
+        highlighted_.clear();
+        renderPicture(std::nullopt);
+    }
+}
+
+void ViewerPrivate::highlightElement(std::int32_t layerId, std::int32_t elementId)
+{
+    layer* target = document_.Layers().Find(layerId);
+    if (target == nullptr || target->Entidades.Find(elementId) == nullptr) {
+        return;
+    }
+    if (layerId != highlightedLayer_) {
+        highlighted_.clear();
+        highlightedLayer_ = layerId;
+    }
+    highlighted_.push_back(elementId);
+    const std::int32_t ids[] = {elementId};
+    renderer_.highlight(picture_, viewport_, *target, ids);
+    viewer_.update();
+}
+
+void ViewerPrivate::zoomToElements(std::int32_t layerId, const std::vector<std::int32_t>& elementIds)
+{
+    showElements(layerId, QList<int>(elementIds.begin(), elementIds.end()));
+}
+
+void ViewerPrivate::showElementInformation(std::int32_t layerId, std::int32_t elementId)
+{
+    viewer_.GetInfo(layerId, elementId, false);
+}
+
+// The condition is complete when its layer has its field, its operator is
+// known and its first value is given.
+void ViewerPrivate::findByCondition(messages::Condition& condition)
+{
+    if (document_.busy) {
+        return;
+    }
+    const layer* target = document_.Layers().Find(condition.layer);
+    const Campo* field = target ? target->Campos().Find(condition.field) : nullptr;
+    if (field && messages::conditionop::isComparison(condition.op) && !condition.value1.empty()) {
+        condition.fieldType = field->Tipo;
+    } else {
+        dlgFindByCondition dialog(document_.Layers(), condition, &viewer_);
+        ui_->execDialog(dialog);
+        if (dialog.cancelled()) {
+            return;
+        }
+        condition = dialog.condition();
+    }
+    session_.findByCondition(condition);
 }
 
 } // namespace orbelan

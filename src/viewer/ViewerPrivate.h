@@ -5,6 +5,7 @@
 #include "session/MapSession.h"
 #include "viewer/EntryOverlay.h"
 #include "viewer/MapToolHost.h"
+#include "viewer/MultipleSelection.h"
 #include "viewer/PointEntry.h"
 #include "session/SessionEvents.h"
 #include "viewer/ToolController.h"
@@ -24,6 +25,10 @@ class QRubberBand;
 class QTimer;
 
 namespace orbelan {
+
+namespace messages {
+struct Condition;
+}
 
 class ActivityShape;
 class CToolTip;
@@ -77,6 +82,13 @@ public:
     }
     MessageAnswer messageBox(const QString& text, MessageButtons buttons, MessageIcon icon,
                              const QString& caption) override;
+    void resumeMultipleSelection() override { multipleSelection_.resume(); }
+
+    // QueryMap
+    void clearHighlight() override;
+    void highlightElement(std::int32_t layerId, std::int32_t elementId) override;
+    void zoomToElements(std::int32_t layerId, const std::vector<std::int32_t>& elementIds) override;
+    void showElementInformation(std::int32_t layerId, std::int32_t elementId) override;
 
     void setUiServices(UiServices& services);
     UiServices& ui() const { return *ui_; }
@@ -103,6 +115,10 @@ public:
     void editInfo(std::int32_t layerId, std::int32_t elementId, const QVariant& fieldInfo);
     void showElements(std::int32_t layerId, const QList<int>& elements);
     void chooseToolTipLayer(int layerId, const QString& field);
+    // Asks for the elements that meet the condition; an incomplete one is
+    // completed in a dialog first, and the dialog's choices are written back.
+    void findByCondition(messages::Condition& condition);
+    MultipleSelection& multipleSelection() { return multipleSelection_; }
     // The tooltip goes with the pointer.
     void pointerLeft();
     void requestCellsOfView() { session_.cells().requestCellsOfView(); }
@@ -203,6 +219,11 @@ private:
     QLabel* toolTipLabel_ = nullptr;
     // Made with the first SetToolTip.
     std::unique_ptr<CToolTip> toolTip_;
+    MultipleSelection multipleSelection_{*this};
+    // The elements the query dialogs highlighted, drawn over every redraw
+    // until they clear them.
+    std::int32_t highlightedLayer_ = 0;
+    std::vector<std::int32_t> highlighted_;
 };
 
 } // namespace orbelan

@@ -47,7 +47,7 @@ TEST(MainWindow, TheToolBarFollowsTheCurrentTool)
     viewer->setUserMode(false);
     orbelan::MainWindow window(viewer);
     const QList<QAction*> buttons = window.findChild<QToolBar*>("tbTools")->actions();
-    ASSERT_EQ(buttons.size(), 5);
+    ASSERT_EQ(buttons.size(), 7);
     buttons[3]->trigger();
     EXPECT_EQ(viewer->currentTool(), 8);
     viewer->Pan();

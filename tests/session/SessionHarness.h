@@ -53,6 +53,13 @@ public:
         information.push_back({layerId, elementId, fieldNames, fieldTypes, values});
     }
     QWidget* dialogParent() override { return nullptr; }
+    void clearHighlight() override { highlighted.clear(); }
+    void highlightElement(std::int32_t, std::int32_t elementId) override { highlighted.push_back(elementId); }
+    void zoomToElements(std::int32_t, const std::vector<std::int32_t>& elementIds) override
+    {
+        zoomedTo = elementIds;
+    }
+    void showElementInformation(std::int32_t, std::int32_t elementId) override { informed.push_back(elementId); }
 
     orbelan::StatusList status;
     int redraws = 0;
@@ -67,6 +74,9 @@ public:
         QStringList values;
     };
     std::vector<Information> information;
+    std::vector<std::int32_t> highlighted;
+    std::vector<std::int32_t> zoomedTo;
+    std::vector<std::int32_t> informed;
 };
 
 // A session without widget or socket: the test plays the server by handing

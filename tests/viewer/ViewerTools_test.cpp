@@ -188,4 +188,34 @@ TEST_F(ViewerTools, SetDirectionsSelectsItsToolOnlyWhenConfirmed)
     EXPECT_EQ(ui.dialogs().size(), 2u);
 }
 
+// The polygon of a multiple selection: a pick that finds none is told and the
+// dialog comes back; a drawn polygon around no element of the queried layer
+// is told and nothing is asked.
+TEST_F(ViewerTools, MultipleSelectionTellsAMissedPickAndAnEmptyPolygon)
+{
+    addParcels();
+    layer& wells = addLayer(6, pointlayer, 0);
+    wells.Entidades.AddEntity(7, std::vector<Vertex>{{1.5, 1.5}}, wells);
+    viewer.Redraw();
+    ui.queueDialog({"dlgSelect", {}, "cmdSelPol"});
+    viewer.MultipleSelect(true, 5, 0, 6);
+    EXPECT_EQ(viewer.currentTool(), 12);
+    click({100, 150}); // (-5, -2.5)
+    ASSERT_EQ(ui.messages().size(), 1u);
+    EXPECT_EQ(ui.messages().back().text, "No se pudo seleccionar ningún polígono, Inténtelo Nuevamente!");
+    EXPECT_EQ(ui.dialogs().size(), 2u);
+    EXPECT_EQ(viewer.currentTool(), 0);
+
+    ui.queueDialog({"dlgSelect", {}, "cmdDrawPol"});
+    ui.queueDialog({"dlgSelect", {}, "OKButton"});
+    viewer.MultipleSelect(false, 5, 0, 6);
+    EXPECT_EQ(viewer.currentTool(), 13);
+    for (const QPoint vertex : {QPoint(100, 140), QPoint(140, 140), QPoint(140, 120), QPoint(100, 120)}) {
+        click(vertex);
+    }
+    choose("mnuCerrarPline");
+    EXPECT_EQ(ui.messages().back().text, "No elements inside polygon");
+    EXPECT_EQ(ui.dialogs().size(), 4u);
+}
+
 } // namespace
