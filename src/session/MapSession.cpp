@@ -89,6 +89,9 @@ void MapSession::requestInformation(std::int32_t layerId, std::int32_t elementId
     state_.editCellI.clear();
     state_.editCellJ.clear();
     events_.changeStatus(layerId, StatusList::RequestingInformation);
+    sendMessage(connection_, messages::ElementInformationRequest{layerId, elementId});
+}
+
 void MapSession::findByCondition(const messages::Condition& condition)
 {
     sendMessage(connection_, messages::FindByConditionRequest{condition});
