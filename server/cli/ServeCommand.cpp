@@ -1,7 +1,7 @@
 #include "cli/ServeCommand.h"
 
 #include "storage/Database.h"
-#include "storage/MapReader.h"
+#include "storage/MapWriter.h"
 #include "serving/MapServer.h"
 #include "cli/LimitOptions.h"
 #include "cli/OptionValues.h"
@@ -74,9 +74,10 @@ int ServeCommand::run(const QStringList& arguments)
     raiseDescriptorLimit();
 
     Database database(path);
-    MapReader reader(database);
+    // Stores made before attribute columns were indexed get their indexes.
+    MapWriter(database).indexAttributes();
     ServerLog log(std::cerr, parser.isSet(QStringLiteral("verbose")));
-    MapServer server(reader, log, limits);
+    MapServer server(database, log, limits);
     if (!server.listen(address, port)) {
         throw std::runtime_error("cannot listen on " + address.toString().toStdString() + ":" +
                                  std::to_string(port) + ": " + server.errorString().toStdString());

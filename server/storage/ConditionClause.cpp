@@ -1,0 +1,101 @@
+#include "storage/ConditionClause.h"
+
+#include "protocol/FieldTypes.h"
+#include "protocol/FieldValueText.h"
+#include "protocol/messages/Condition.h"
+#include "storage/AttributeTable.h"
+#include "storage/FieldText.h"
+
+namespace orbelan::server {
+
+namespace {
+
+namespace op = messages::conditionop;
+
+bool numeric(std::int16_t type)
+{
+    const WireType wire = wireTypeOf(type);
+    return wire != WireType::String && wire != WireType::None;
+}
+
+bool textOperator(std::uint8_t code)
+{
+    return code == op::kStartingWith || code == op::kEndingWith || code == op::kContaining;
+}
+
+// The comparison of a subject with one or two placeholders.
+QString comparison(std::uint8_t code, const QString& subject)
+{
+    switch (code) {
+    case op::kEqual:
+        return subject + QStringLiteral(" = ?");
+    case op::kDifferent:
+        return subject + QStringLiteral(" <> ?");
+    case op::kLess:
+        return subject + QStringLiteral(" < ?");
+    case op::kLessOrEqual:
+        return subject + QStringLiteral(" <= ?");
+    case op::kGreater:
+        return subject + QStringLiteral(" > ?");
+    case op::kGreaterOrEqual:
+        return subject + QStringLiteral(" >= ?");
+    case op::kBetween:
+        return subject + QStringLiteral(" BETWEEN ? AND ?");
+    case op::kStartingWith:
+        return QStringLiteral("substr(%1, 1, length(?)) = ?").arg(subject);
+    case op::kEndingWith:
+        // Past the start the substring is shorter than the operand.
+        return QStringLiteral("substr(%1, length(%1) - length(?) + 1) = ?").arg(subject);
+    default:
+        return QStringLiteral("instr(%1, ?) > 0").arg(subject);
+    }
+}
+
+// What the placeholders of the comparison take, in order.
+QVariantList operands(std::uint8_t code, const QVariant& first, const QVariant& second)
+{
+    if (code == op::kBetween) {
+        return {first, second};
+    }
+    if (code == op::kStartingWith || code == op::kEndingWith) {
+        return {first, first};
+    }
+    return {first};
+}
+
+QVariant foldedText(const std::string& value)
+{
+    return QString::fromStdString(FieldText::folded(value));
+}
+
+} // namespace
+
+std::optional<ConditionClause> ConditionClause::of(const messages::FieldRecord& field,
+                                                   std::uint8_t code, const std::string& value1,
+                                                   const std::string& value2,
+                                                   std::string& refusal)
+{
+    if (!op::isComparison(code)) {
+        refusal = "unknown operator " + std::to_string(code);
+        return std::nullopt;
+    }
+    const QString column =
+        QStringLiteral("a.") + AttributeTable::quoted(QString::fromStdString(field.name));
+    const QString folded = QStringLiteral("%1(%2)").arg(QLatin1String(FieldText::kFunction), column);
+    if (!numeric(field.type)) {
+        return ConditionClause{comparison(code, folded), operands(code, foldedText(value1), foldedText(value2))};
+    }
+    const std::optional<double> first = parseNumber(value1);
+    const std::optional<double> second = code == op::kBetween ? parseNumber(value2) : first;
+    if (!first || !second) {
+        refusal = "\"" + (first ? value2 : value1) + "\" is not a number";
+        return std::nullopt;
+    }
+    if (textOperator(code)) {
+        const QVariant typed = QString::fromStdString(value1).trimmed();
+        return ConditionClause{comparison(code, folded), operands(code, typed, typed)};
+    }
+    return ConditionClause{comparison(code, column), operands(code, *first, *second)};
+}
+
+} // namespace orbelan::server
