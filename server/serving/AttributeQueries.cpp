@@ -8,9 +8,16 @@
 #include "protocol/messages/ResultTable.h"
 #include "serving/Replies.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace orbelan::server {
 
 namespace {
+
+// A query's constraints are composed one by one by hand; a request with more
+// is not a user's.
+constexpr std::size_t kMaximumConstraints = 100;
 
 std::string layerText(std::int32_t layer)
 {
@@ -34,6 +41,31 @@ std::optional<ConditionClause> clauseOf(const LayerFields& fields, const std::st
         remarks.add("; " + refusal + ": no element");
     }
     return clause;
+}
+
+// The candidates (none: the whole layer) and the clause of every constraint;
+// nothing, with the reason noted, when a constraint cannot be put as one.
+std::optional<AttributeReader::Filter> filterOf(const LayerFields& fields,
+                                                const messages::ConstrainedElementQuery& request,
+                                                Remarks& remarks)
+{
+    if (request.constraints.size() > kMaximumConstraints) {
+        remarks.add("; more than " + std::to_string(kMaximumConstraints) + " constraints");
+        return std::nullopt;
+    }
+    AttributeReader::Filter filter;
+    if (!request.candidates.empty()) {
+        filter.ids = request.candidates;
+    }
+    for (const auto& constraint : request.constraints) {
+        auto clause = clauseOf(fields, constraint.field, constraint.op, constraint.value1,
+                               constraint.value2, remarks);
+        if (!clause) {
+            return std::nullopt;
+        }
+        filter.conditions.push_back(std::move(*clause));
+    }
+    return filter;
 }
 
 } // namespace
@@ -121,20 +153,12 @@ HandlerOutcome AttributeQueries::constrained(SessionState& session, DWBUffer& me
         if (!fields) {
             return;
         }
-        AttributeReader::Filter filter;
-        if (!request.candidates.empty()) {
-            filter.ids = request.candidates;
-        }
-        for (const auto& constraint : request.constraints) {
-            auto clause = clauseOf(*fields, constraint.field, constraint.op, constraint.value1,
-                                   constraint.value2, remarks);
-            if (!clause) {
-                return;
-            }
-            filter.conditions.push_back(std::move(*clause));
+        const auto filter = filterOf(*fields, request, remarks);
+        if (!filter) {
+            return;
         }
         reply.columns = messages::shortCount(fields->fields.size() + 1);
-        for (auto& row : rows_.rows(request.layer, fields->fields, filter)) {
+        for (auto& row : rows_.rows(request.layer, fields->fields, *filter)) {
             reply.ids.push_back(row.id);
             std::move(row.values.begin(), row.values.end(), std::back_inserter(reply.values));
         }

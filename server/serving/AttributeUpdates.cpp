@@ -24,6 +24,14 @@ std::string updateText(const SessionState& session, std::int32_t layer, std::siz
            " by user " + std::to_string(session.user);
 }
 
+HandlerOutcome refused(const SessionState& session, std::int32_t layer, std::size_t elements,
+                       const std::string& why)
+{
+    return refuse(Action::Drop, updateText(session, layer, elements) + " refused: " + why);
+}
+
+const char* const kNotAnEditor = "the user is not an editor of the layer";
+
 // The value the field's column takes for the text; nothing when it does not
 // fit the field's type.
 std::optional<QVariant> columnValue(const messages::FieldRecord& field, const std::string& text)
@@ -40,6 +48,25 @@ std::optional<QVariant> columnValue(const messages::FieldRecord& field, const st
         return QVariant(*number);
     }
     return QVariant(static_cast<qlonglong>(*number));
+}
+
+// The stored names and column values; nothing, with the reason, when a value
+// does not fit its field.
+std::optional<std::vector<std::pair<QString, QVariant>>> columnValues(
+    const std::vector<std::pair<const messages::FieldRecord*, std::string>>& values,
+    std::string& misfit)
+{
+    std::vector<std::pair<QString, QVariant>> columns;
+    for (const auto& [field, text] : values) {
+        const auto value = columnValue(*field, text);
+        if (!value) {
+            misfit = "\"" + text + "\" does not fit the field \"" + field->name + "\" of type " +
+                     std::to_string(field->type);
+            return std::nullopt;
+        }
+        columns.emplace_back(QString::fromStdString(field->name), *value);
+    }
+    return columns;
 }
 
 } // namespace
@@ -59,12 +86,13 @@ HandlerOutcome AttributeUpdates::one(SessionState& session, DWBUffer& message)
 {
     const auto request = messages::AttributeUpdate::decode(message);
     if (session.levelOn(request.layer, reader_) < SessionState::kEditor) {
-        return refuse(Action::Drop, updateText(session, request.layer, 1) + " refused: the user is not an editor of the layer");
+        return refused(session, request.layer, 1, kNotAnEditor);
     }
     const LayerFields fields = reader_.layerFields(request.layer);
-    if (request.fieldNumber < 1 || static_cast<std::size_t>(request.fieldNumber) > fields.fields.size()) {
-        return refuse(Action::Drop, updateText(session, request.layer, 1) + " refused: the layer has no field number " +
-                                        std::to_string(request.fieldNumber));
+    if (request.fieldNumber < 1 ||
+        static_cast<std::size_t>(request.fieldNumber) > fields.fields.size()) {
+        return refused(session, request.layer, 1,
+                       "the layer has no field number " + std::to_string(request.fieldNumber));
     }
     const auto& field = fields.fields[static_cast<std::size_t>(request.fieldNumber - 1)];
     return apply(session, request.layer, {request.element}, {{&field, request.value}}, fields);
@@ -74,16 +102,15 @@ HandlerOutcome AttributeUpdates::many(SessionState& session, DWBUffer& message)
 {
     const auto request = messages::MultipleAttributeUpdate::decode(message);
     if (session.levelOn(request.layer, reader_) < SessionState::kEditor) {
-        return refuse(Action::Drop, updateText(session, request.layer, request.elements.size()) +
-                                        " refused: the user is not an editor of the layer");
+        return refused(session, request.layer, request.elements.size(), kNotAnEditor);
     }
     const LayerFields fields = reader_.layerFields(request.layer);
     NewValues values;
     for (const auto& change : request.fields) {
         const messages::FieldRecord* field = fields.named(change.field);
         if (!field) {
-            return refuse(Action::Drop, updateText(session, request.layer, request.elements.size()) +
-                                            " refused: the layer has no field \"" + change.field + "\"");
+            return refused(session, request.layer, request.elements.size(),
+                           "the layer has no field \"" + change.field + "\"");
         }
         values.emplace_back(field, change.value);
     }
@@ -95,29 +122,26 @@ HandlerOutcome AttributeUpdates::apply(const SessionState& session, std::int32_t
                                        const NewValues& values, const LayerFields& fields)
 {
     const std::string summary = updateText(session, layer, elements.size());
-    std::vector<std::pair<QString, QVariant>> columns;
-    for (const auto& [field, text] : values) {
-        const auto value = columnValue(*field, text);
-        if (!value) {
-            return refuse(Action::Drop, summary + " refused: \"" + text + "\" does not fit the field \"" +
-                                            field->name + "\" of type " + std::to_string(field->type));
-        }
-        columns.emplace_back(QString::fromStdString(field->name), *value);
+    std::string misfit;
+    const auto columns = columnValues(values, misfit);
+    if (!columns) {
+        return refused(session, layer, elements.size(), misfit);
     }
-    if (columns.empty() || elements.empty()) {
+    if (columns->empty() || elements.empty()) {
         return refuse(Action::Drop, summary + ": nothing to change");
     }
     std::size_t changed = 0;
     SharedReply messages;
     try {
         database_.transaction([&] {
-            writer_.updateAttributes(layer, columns, elements);
+            writer_.updateAttributes(layer, *columns, elements);
             messages = announcement(layer, elements, fields, changed);
         });
     } catch (const std::exception& error) {
         return refuse(Action::Drop, summary + " failed, nothing changed: " + error.what());
     }
-    HandlerOutcome outcome{Action::Drop, nullptr, summary + ": " + std::to_string(changed) + " changed", false};
+    HandlerOutcome outcome{Action::Drop, nullptr,
+                           summary + ": " + std::to_string(changed) + " changed", false};
     if (changed > 0) {
         outcome.announcement = HandlerOutcome::Announcement{session.map, std::move(messages)};
     }

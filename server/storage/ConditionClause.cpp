@@ -81,9 +81,10 @@ std::optional<ConditionClause> ConditionClause::of(const messages::FieldRecord& 
     }
     const QString column =
         QStringLiteral("a.") + AttributeTable::quoted(QString::fromStdString(field.name));
-    const QString folded = QStringLiteral("%1(%2)").arg(QLatin1String(FieldText::kFunction), column);
+    const QString folded = FieldText::of(column);
     if (!numeric(field.type)) {
-        return ConditionClause{comparison(code, folded), operands(code, foldedText(value1), foldedText(value2))};
+        return ConditionClause{comparison(code, folded),
+                               operands(code, foldedText(value1), foldedText(value2))};
     }
     const std::optional<double> first = parseNumber(value1);
     const std::optional<double> second = code == op::kBetween ? parseNumber(value2) : first;

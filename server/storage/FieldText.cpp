@@ -46,6 +46,11 @@ void fieldText(sqlite3_context* context, int, sqlite3_value** arguments)
 
 } // namespace
 
+QString FieldText::of(const QString& column)
+{
+    return QStringLiteral("%1(%2)").arg(QLatin1String(kFunction), column);
+}
+
 std::string FieldText::folded(std::string_view utf8)
 {
     std::string result(utf8);

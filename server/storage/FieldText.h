@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 #include <string>
 #include <string_view>
 
@@ -17,6 +19,8 @@ public:
     // folded text; indexes on text columns are made on it.
     static constexpr const char* kFunction = "field_text";
 
+    // The SQL expression of a column's folded text.
+    static QString of(const QString& column);
     // The text with every capital of Latin-1 made small. The folding keeps
     // the length in bytes and in characters, and leaves every other byte,
     // malformed UTF-8 included, as it is.

@@ -306,13 +306,12 @@ void MapWriter::indexAttributes()
         const QString column = AttributeTable::quoted(fields.value(2).toString());
         const bool text = AttributeTable::columnType(static_cast<std::int16_t>(fields.value(3).toInt())) ==
                           QLatin1String("TEXT");
+        const QString index =
+            QStringLiteral("layer_%1_field_%2").arg(layer).arg(fields.value(1).toInt());
         statements << QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON %2 (%3)")
-                          .arg(AttributeTable::quoted(QStringLiteral("layer_%1_field_%2")
-                                                          .arg(layer)
-                                                          .arg(fields.value(1).toInt())),
+                          .arg(AttributeTable::quoted(index),
                                AttributeTable::quoted(AttributeTable::name(layer)),
-                               text ? QStringLiteral("%1(%2)").arg(QLatin1String(FieldText::kFunction), column)
-                                    : column);
+                               text ? FieldText::of(column) : column);
     }
     database_.transaction([&] {
         for (const QString& statement : statements) {
