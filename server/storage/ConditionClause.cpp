@@ -41,13 +41,29 @@ QString comparison(std::uint8_t code, const QString& subject)
         return subject + QStringLiteral(" >= ?");
     case op::kBetween:
         return subject + QStringLiteral(" BETWEEN ? AND ?");
-    case op::kStartingWith:
-        return QStringLiteral("substr(%1, 1, length(?)) = ?").arg(subject);
-    case op::kEndingWith:
-        // Past the start the substring is shorter than the operand.
-        return QStringLiteral("substr(%1, length(%1) - length(?) + 1) = ?").arg(subject);
     default:
-        return QStringLiteral("instr(%1, ?) > 0").arg(subject);
+        // Starting with, ending with, containing: the pattern's wildcards
+        // are put by patternOf, the operand's own are escaped.
+        return subject + QStringLiteral(" LIKE ? ESCAPE '\\'");
+    }
+}
+
+// The LIKE pattern of a text operator. Both sides are folded, so that LIKE's
+// own disregard of ASCII case changes nothing.
+QString patternOf(std::uint8_t code, const QString& folded)
+{
+    QString literal = folded;
+    literal.replace(QLatin1Char('\\'), QStringLiteral("\\\\"))
+        .replace(QLatin1Char('%'), QStringLiteral("\\%"))
+        .replace(QLatin1Char('_'), QStringLiteral("\\_"));
+    const QString any = QStringLiteral("%");
+    switch (code) {
+    case op::kStartingWith:
+        return literal + any;
+    case op::kEndingWith:
+        return any + literal;
+    default:
+        return any + literal + any;
     }
 }
 
@@ -57,13 +73,13 @@ QVariantList operands(std::uint8_t code, const QVariant& first, const QVariant& 
     if (code == op::kBetween) {
         return {first, second};
     }
-    if (code == op::kStartingWith || code == op::kEndingWith) {
-        return {first, first};
+    if (textOperator(code)) {
+        return {patternOf(code, first.toString())};
     }
     return {first};
 }
 
-QVariant foldedText(const std::string& value)
+QString foldedText(const std::string& value)
 {
     return QString::fromStdString(FieldText::folded(value));
 }
@@ -93,8 +109,8 @@ std::optional<ConditionClause> ConditionClause::of(const messages::FieldRecord& 
         return std::nullopt;
     }
     if (textOperator(code)) {
-        const QVariant typed = QString::fromStdString(value1).trimmed();
-        return ConditionClause{comparison(code, folded), operands(code, typed, typed)};
+        const QString typed = foldedText(value1).trimmed();
+        return ConditionClause{comparison(code, folded), operands(code, typed, {})};
     }
     return ConditionClause{comparison(code, column), operands(code, *first, *second)};
 }

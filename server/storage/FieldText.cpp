@@ -6,6 +6,8 @@
 
 #include <sqlite3.h>
 
+#include <cstring>
+
 namespace orbelan::server {
 
 namespace {
@@ -21,27 +23,58 @@ bool latin1Capital(unsigned char second)
     return second >= 0x80 && second <= 0x9E && second != kMultiplicationSign;
 }
 
-// Numbers and the missing value take the text the viewer is sent.
-std::string textOf(sqlite3_value* value)
+void foldInPlace(char* text, std::size_t size)
 {
+    for (std::size_t i = 0; i < size; ++i) {
+        auto& byte = reinterpret_cast<unsigned char&>(text[i]);
+        if (byte >= 'A' && byte <= 'Z') {
+            byte = static_cast<unsigned char>(byte + kCaseDistance);
+        } else if (byte == kLatin1Lead && i + 1 < size) {
+            auto& second = reinterpret_cast<unsigned char&>(text[i + 1]);
+            if (latin1Capital(second)) {
+                second = static_cast<unsigned char>(second + kCaseDistance);
+            }
+        }
+    }
+}
+
+// Numbers take the text the viewer is sent.
+void numberText(sqlite3_context* context, const QVariant& number)
+{
+    const std::string text = AttributeTable::text(number);
+    sqlite3_result_text(context, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+}
+
+// Called for every row a condition looks at: a text is copied once, into
+// the result, and folded there.
+void fieldText(sqlite3_context* context, int, sqlite3_value** arguments)
+{
+    sqlite3_value* value = arguments[0];
     switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
-        return AttributeTable::text(QVariant(static_cast<qlonglong>(sqlite3_value_int64(value))));
+        numberText(context, QVariant(static_cast<qlonglong>(sqlite3_value_int64(value))));
+        return;
     case SQLITE_FLOAT:
-        return AttributeTable::text(QVariant(sqlite3_value_double(value)));
+        numberText(context, QVariant(sqlite3_value_double(value)));
+        return;
     case SQLITE_NULL:
-        return {};
+        sqlite3_result_text(context, "", 0, SQLITE_STATIC);
+        return;
     default:
         break;
     }
-    const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
-    return text ? std::string(text, static_cast<std::size_t>(sqlite3_value_bytes(value))) : std::string();
-}
-
-void fieldText(sqlite3_context* context, int, sqlite3_value** arguments)
-{
-    const std::string text = FieldText::folded(textOf(arguments[0]));
-    sqlite3_result_text(context, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+    const auto* text = sqlite3_value_text(value);
+    const auto size = static_cast<std::size_t>(sqlite3_value_bytes(value));
+    auto* result = static_cast<char*>(sqlite3_malloc64(size + 1));
+    if (!result) {
+        sqlite3_result_error_nomem(context);
+        return;
+    }
+    if (size > 0) {
+        std::memcpy(result, text, size);
+    }
+    foldInPlace(result, size);
+    sqlite3_result_text64(context, result, size, sqlite3_free, SQLITE_UTF8);
 }
 
 } // namespace
@@ -54,17 +87,7 @@ QString FieldText::of(const QString& column)
 std::string FieldText::folded(std::string_view utf8)
 {
     std::string result(utf8);
-    for (std::size_t i = 0; i < result.size(); ++i) {
-        auto& byte = reinterpret_cast<unsigned char&>(result[i]);
-        if (byte >= 'A' && byte <= 'Z') {
-            byte = static_cast<unsigned char>(byte + kCaseDistance);
-        } else if (byte == kLatin1Lead && i + 1 < result.size()) {
-            auto& second = reinterpret_cast<unsigned char&>(result[i + 1]);
-            if (latin1Capital(second)) {
-                second = static_cast<unsigned char>(second + kCaseDistance);
-            }
-        }
-    }
+    foldInPlace(result.data(), result.size());
     return result;
 }
 
