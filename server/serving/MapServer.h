@@ -33,7 +33,8 @@ namespace orbelan::server {
 // within the caps of the limits, closed when idle or stuck in a request, and
 // the replies waiting to be sent stay within a budget. Requests are answered
 // a few per connection at a time, so that one client's long burst does not
-// hold up the others.
+// hold up the others. What a request changes is announced to every
+// connection on its map.
 class MapServer : public QObject {
     Q_OBJECT
 
