@@ -5,7 +5,6 @@
 
 #include "storage/Database.h"
 #include "demo/DemoBuilder.h"
-#include "storage/MapReader.h"
 #include "serving/MapServer.h"
 #include "serving/ServerLog.h"
 
@@ -57,10 +56,9 @@ protected:
     void run() override
     {
         server::Database database(path_);
-        server::MapReader reader(database);
         std::ostringstream quiet;
         server::ServerLog log(quiet, false);
-        server::MapServer mapServer(reader, log, limits_);
+        server::MapServer mapServer(database, log, limits_);
         if (mapServer.listen(QHostAddress::LocalHost, 0)) {
             port_ = mapServer.port();
             exec();

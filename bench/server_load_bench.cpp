@@ -5,6 +5,7 @@
 // and p99 latency of one cell request.
 
 #include "DemoServerThread.h"
+#include "LoadClient.h"
 #include "protocol/messages/AccessAnswer.h"
 #include "protocol/messages/AccessRequest.h"
 #include "protocol/messages/CellGeometry.h"
@@ -17,22 +18,18 @@
 #include "protocol/messages/MapDefinitionRequest.h"
 #include "storage/MapReader.h"
 #include "serving/MapServer.h"
-#include "protocol/MessageFramer.h"
 #include "protocol/messages/MessageIO.h"
 #include "serving/ServerLog.h"
 
 #include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
-#include <QHostAddress>
-#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QThread>
 
 #include <algorithm>
 #include <atomic>
 #include <chrono>
-#include <deque>
 #include <mutex>
 #include <sstream>
 #include <stdexcept>
@@ -50,47 +47,6 @@ using namespace orbelan::messages;
 using Clock = std::chrono::steady_clock;
 
 namespace {
-
-// One client connection that waits for each reply.
-class LoadClient {
-public:
-    explicit LoadClient(quint16 port)
-    {
-        socket_.connectToHost(QHostAddress::LocalHost, port);
-        if (!socket_.waitForConnected(10'000)) {
-            throw std::runtime_error("cannot connect to the server");
-        }
-    }
-
-    template <typename Reply, typename Request>
-    Reply ask(const Request& request)
-    {
-        const auto bytes = buildMessage(request).buffer();
-        socket_.write(reinterpret_cast<const char*>(bytes.data()),
-                      static_cast<qint64>(bytes.size()));
-        while (ready_.empty()) {
-            if (!socket_.waitForReadyRead(10'000)) {
-                throw std::runtime_error("no reply");
-            }
-            const QByteArray chunk = socket_.readAll();
-            const Arrival arrival =
-                framer_.feed({reinterpret_cast<const std::uint8_t*>(chunk.constData()),
-                              static_cast<std::size_t>(chunk.size())});
-            for (std::size_t i = 0; i < arrival.messages.size(); ++i) {
-                ready_.emplace_back(arrival.messages[i].begin(), arrival.messages[i].end());
-            }
-        }
-        DWBUffer message(ready_.front());
-        ready_.pop_front();
-        readHeader(message);
-        return Reply::decode(message);
-    }
-
-private:
-    QTcpSocket socket_;
-    MessageFramer framer_;
-    std::deque<std::vector<std::uint8_t>> ready_;
-};
 
 // One connection's whole session; returns the latency of each cell request.
 std::vector<double> oneSession(quint16 port)

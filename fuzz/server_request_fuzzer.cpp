@@ -6,14 +6,14 @@
 // fresh handler (so no reply cache carries over), stopping where the handler
 // closes the connection. Besides the sanitizers, the target checks that every
 // reply is a whole message answering its request (code + 100) and that no
-// input ever writes to the store.
+// input ever adds or removes an element or a cell (attribute updates may
+// change values).
 
 #include "protocol/CommandCatalogue.h"
 #include "protocol/DWBUffer.h"
 #include "protocol/messages/MessageIO.h"
 #include "serving/RequestHandler.h"
 #include "storage/Database.h"
-#include "storage/MapReader.h"
 #include "storage/MapWriter.h"
 
 #include <QCoreApplication>
@@ -22,7 +22,7 @@
 
 #include <cstdint>
 #include <cstdlib>
-#include <memory>
+#include <utility>
 
 using namespace orbelan;
 using namespace orbelan::server;
@@ -82,27 +82,26 @@ void buildStore(Database& database)
     writer.setLayerLevel(2, kHidden, 0);
 }
 
-// The store, its reader and the count of rows this connection ever changed.
+// The store and the count of its elements and cells.
 struct Store {
     QTemporaryDir folder;
     Database database{folder.filePath(QStringLiteral("fuzz.sqlite"))};
-    std::unique_ptr<MapReader> reader;
-    QSqlQuery changes = database.prepare(QStringLiteral("SELECT total_changes()"));
-    qlonglong built = 0;
+    QSqlQuery rows = database.prepare(
+        QStringLiteral("SELECT (SELECT COUNT(*) FROM elements), (SELECT COUNT(*) FROM cells)"));
+    std::pair<qlonglong, qlonglong> built;
 
     Store()
     {
         database.transaction([this] { buildStore(database); });
-        reader = std::make_unique<MapReader>(database);
-        built = changed();
+        built = counted();
     }
 
-    qlonglong changed()
+    std::pair<qlonglong, qlonglong> counted()
     {
-        Database::runWith(changes, {});
-        check(changes.next());
-        const qlonglong count = changes.value(0).toLongLong();
-        changes.finish();
+        Database::runWith(rows, {});
+        check(rows.next());
+        const std::pair count{rows.value(0).toLongLong(), rows.value(1).toLongLong()};
+        rows.finish();
         return count;
     }
 };
@@ -128,7 +127,7 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    RequestHandler handler(*store->reader);
+    RequestHandler handler(store->database);
     SessionState session;
     for (std::size_t i = 0; i + 3 <= size;) {
         const auto code = static_cast<std::int16_t>(data[i] | data[i + 1] << 8);
@@ -150,6 +149,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
         i += length + 3;
     }
-    check(store->changed() == store->built);
+    check(store->counted() == store->built);
     return 0;
 }

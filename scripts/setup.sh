@@ -10,7 +10,7 @@ packages=(
   libbenchmark-dev
   libproj-dev
   clang libclang-rt-14-dev
-  qt6-base-dev qt6-qpa-plugins libqt6sql6-sqlite
+  qt6-base-dev qt6-qpa-plugins libqt6sql6-sqlite libsqlite3-dev
   fonts-liberation
   libgdal-dev
 )

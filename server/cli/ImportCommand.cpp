@@ -2,6 +2,7 @@
 
 #include "storage/Database.h"
 #include "import/LayerImporter.h"
+#include "storage/MapWriter.h"
 #include "cli/OptionValues.h"
 
 #include <QCommandLineParser>
@@ -64,6 +65,7 @@ int ImportCommand::run(const QStringList& arguments)
         OptionValues::integer(parser, QStringLiteral("projection"), 0, 32767));
     Database database(OptionValues::required(parser, QStringLiteral("db")));
     LayerImporter(database, std::cout).import(options);
+    MapWriter(database).indexAttributes();
     return 0;
 }
 

@@ -1,7 +1,8 @@
 #include "cli/ServeCommand.h"
 
 #include "storage/Database.h"
-#include "storage/MapReader.h"
+#include "storage/MapWriter.h"
+#include "storage/StorageError.h"
 #include "serving/MapServer.h"
 #include "cli/LimitOptions.h"
 #include "cli/OptionValues.h"
@@ -35,6 +36,17 @@ void raiseDescriptorLimit()
     if (getrlimit(RLIMIT_NOFILE, &descriptors) == 0 && descriptors.rlim_cur < descriptors.rlim_max) {
         descriptors.rlim_cur = descriptors.rlim_max;
         setrlimit(RLIMIT_NOFILE, &descriptors);
+    }
+}
+
+// Stores made before attribute columns were indexed get their indexes; a
+// store that cannot take them is still served, its conditions by scans.
+void indexAttributes(Database& database, ServerLog& log)
+{
+    try {
+        MapWriter(database).indexAttributes();
+    } catch (const StorageError& error) {
+        log.line(std::string("serving without indexes on the attribute columns: ") + error.what());
     }
 }
 
@@ -74,9 +86,9 @@ int ServeCommand::run(const QStringList& arguments)
     raiseDescriptorLimit();
 
     Database database(path);
-    MapReader reader(database);
     ServerLog log(std::cerr, parser.isSet(QStringLiteral("verbose")));
-    MapServer server(reader, log, limits);
+    indexAttributes(database, log);
+    MapServer server(database, log, limits);
     if (!server.listen(address, port)) {
         throw std::runtime_error("cannot listen on " + address.toString().toStdString() + ":" +
                                  std::to_string(port) + ": " + server.errorString().toStdString());

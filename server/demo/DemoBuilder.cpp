@@ -61,6 +61,7 @@ void DemoBuilder::build(const QString& dataFolder)
                 << " places of interest\n";
         importAtlases(dataFolder);
         addUsers();
+        MapWriter(database_).indexAttributes();
     });
 }
 

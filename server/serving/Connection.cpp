@@ -17,12 +17,14 @@ constexpr std::size_t kPartsPerWrite = 64;
 } // namespace
 
 Connection::Connection(int fd, std::uint64_t number, const std::string& peer,
-                       RequestHandler& handler, ServerLog& log, std::size_t unsentLimit)
+                       RequestHandler& handler, ServerLog& log, std::size_t unsentLimit,
+                       Announcer announcer)
     : fd_(fd),
       number_(number),
       handler_(handler),
       log_(log),
       unsentLimit_(unsentLimit),
+      announcer_(std::move(announcer)),
       lastActivity_(Clock::now())
 {
     log_.line(prefix() + "opened from " + peer);
@@ -99,6 +101,9 @@ void Connection::answerOne(std::span<const std::uint8_t> request)
     case HandlerOutcome::Action::Close:
         stop();
         break;
+    }
+    if (outcome.announcement) {
+        announcer_(*outcome.announcement);
     }
 }
 

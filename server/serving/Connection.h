@@ -11,9 +11,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
+#include <utility>
 
 #include <sys/uio.h>
 
@@ -33,6 +35,8 @@ namespace orbelan::server {
 class Connection {
 public:
     using Clock = std::chrono::steady_clock;
+    // Takes what a request asks to announce to the connections on a map.
+    using Announcer = std::function<void(const HandlerOutcome::Announcement&)>;
 
     // The largest request the server reads; real requests are far smaller.
     static constexpr std::size_t kMaximumRequestLength = 1024 * 1024;
@@ -40,7 +44,7 @@ public:
     static constexpr std::size_t kReadChunk = 64 * 1024;
 
     Connection(int fd, std::uint64_t number, const std::string& peer, RequestHandler& handler,
-               ServerLog& log, std::size_t unsentLimit);
+               ServerLog& log, std::size_t unsentLimit, Announcer announcer);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -60,6 +64,11 @@ public:
     void stop();
     // The socket failed or the client went away: nothing more can be done.
     void drop() { broken_ = true; }
+    // Whether the connection has been let into the map.
+    bool onMap(std::int32_t map) const { return state_.passed && state_.map == map && !broken_; }
+    // Queues messages that no request of this connection asked for, after
+    // the replies queued so far.
+    void deliver(SharedReply messages) { queue(std::move(messages)); }
 
     // What to wait for on the socket (EPOLLIN, EPOLLOUT).
     std::uint32_t events() const;
@@ -93,6 +102,7 @@ private:
     RequestHandler& handler_;
     ServerLog& log_;
     std::size_t unsentLimit_;
+    Announcer announcer_;
     MessageFramer framer_{kMaximumRequestLength};
     SessionState state_;
     // The whole requests of the last read, back to back, and the first of

@@ -2,12 +2,14 @@
 
 #include "serving/SharedReply.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 namespace orbelan::server {
 
 // What the server does after one request: send the reply, drop the request,
-// or close the connection; with a note for the log.
+// or close the connection; with a note for the log, and what to announce.
 struct HandlerOutcome {
     enum class Action { Reply, Drop, Close };
 
@@ -18,6 +20,14 @@ struct HandlerOutcome {
     // The note belongs in the log even when it is not verbose (a refused or
     // malformed request).
     bool notable = false;
+
+    // Messages for every connection on a map, the one that asked included: a
+    // client learns of its own changes as the others do.
+    struct Announcement {
+        std::int32_t map = 0;
+        SharedReply messages;
+    };
+    std::optional<Announcement> announcement = std::nullopt;
 };
 
 } // namespace orbelan::server

@@ -35,10 +35,10 @@ std::string mebibytes(std::size_t bytes)
 
 } // namespace
 
-MapServer::MapServer(MapReader& reader, ServerLog& log, const ServingLimits& limits,
+MapServer::MapServer(Database& database, ServerLog& log, const ServingLimits& limits,
                      QObject* parent)
     : QObject(parent),
-      handler_(reader, limits.cacheBudget),
+      handler_(database, limits.cacheBudget),
       log_(log),
       limits_(limits),
       admission_(limits.connections, limits.connectionsPerAddress)
@@ -73,6 +73,7 @@ void MapServer::serveReady()
             serve(found->second, event.events);
         }
     }
+    settleAnnounced();
     keepUnsentWithinBudget();
 }
 
@@ -106,8 +107,9 @@ void MapServer::admit(const ListeningSocket::Arrival& arrival)
         return;
     }
     const std::uint64_t number = ++connections_;
-    Client client{std::make_unique<Connection>(arrival.fd, number, peer, handler_, log_,
-                                               limits_.unsentPerConnection),
+    Client client{std::make_unique<Connection>(
+                      arrival.fd, number, peer, handler_, log_, limits_.unsentPerConnection,
+                      [this](const HandlerOutcome::Announcement& news) { announce(news); }),
                   arrival.address, EPOLLIN};
     epoll_.add(arrival.fd, number, EPOLLIN);
     idle_.touch(number, client.connection->lastActivity());
@@ -150,6 +152,7 @@ void MapServer::takeTurns()
     if (backlog_.empty()) {
         turns_.stop();
     }
+    settleAnnounced();
     keepUnsentWithinBudget();
 }
 
@@ -218,6 +221,29 @@ void MapServer::closeExpired()
     if (closedSinceTrim_) {
         closedSinceTrim_ = false;
         malloc_trim(0);
+    }
+}
+
+// Called while a connection answers, so nothing is settled or closed here.
+void MapServer::announce(const HandlerOutcome::Announcement& announcement)
+{
+    for (auto& [number, client] : clients_) {
+        if (client.connection->onMap(announcement.map)) {
+            client.connection->deliver(announcement.messages);
+            announced_.push_back(number);
+        }
+    }
+}
+
+void MapServer::settleAnnounced()
+{
+    const std::vector<std::uint64_t> numbers = std::move(announced_);
+    announced_.clear();
+    for (const std::uint64_t number : numbers) {
+        if (const auto found = clients_.find(number); found != clients_.end()) {
+            found->second.connection->send();
+            settle(found->second);
+        }
     }
 }
 

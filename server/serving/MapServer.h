@@ -8,7 +8,7 @@
 #include "serving/RequestHandler.h"
 #include "serving/ServerLog.h"
 #include "serving/ServingLimits.h"
-#include "storage/MapReader.h"
+#include "storage/Database.h"
 
 #include <QHostAddress>
 #include <QObject>
@@ -23,6 +23,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 namespace orbelan::server {
 
@@ -32,12 +33,13 @@ namespace orbelan::server {
 // within the caps of the limits, closed when idle or stuck in a request, and
 // the replies waiting to be sent stay within a budget. Requests are answered
 // a few per connection at a time, so that one client's long burst does not
-// hold up the others.
+// hold up the others. What a request changes is announced to every
+// connection on its map.
 class MapServer : public QObject {
     Q_OBJECT
 
 public:
-    MapServer(MapReader& reader, ServerLog& log, const ServingLimits& limits = {},
+    MapServer(Database& database, ServerLog& log, const ServingLimits& limits = {},
               QObject* parent = nullptr);
     ~MapServer() override;
 
@@ -70,6 +72,10 @@ private:
     void settle(Client& client);
     void close(std::uint64_t number, const std::string& why);
     void closeExpired();
+    // Queues the messages on every connection on the map; the connections
+    // are settled once the work at hand is done (settleAnnounced).
+    void announce(const HandlerOutcome::Announcement& announcement);
+    void settleAnnounced();
     void keepUnsentWithinBudget();
     void pauseAccepting();
     void resumeAccepting();
@@ -90,6 +96,8 @@ private:
     DeadlineList idle_;
     DeadlineList unfinished_;
     std::deque<std::uint64_t> backlog_;
+    // Connections given an announcement since they were last settled.
+    std::vector<std::uint64_t> announced_;
     std::size_t unsent_ = 0;
     std::uint64_t connections_ = 0;
     bool acceptingPaused_ = false;

@@ -13,6 +13,7 @@
 #include "protocol/messages/LayerAccessLevelsRequest.h"
 #include "protocol/messages/MapDefinitionRequest.h"
 #include "protocol/messages/MessageIO.h"
+#include "serving/Replies.h"
 #include "protocol/WireReadError.h"
 
 #include <QString>
@@ -25,24 +26,6 @@ namespace orbelan::server {
 namespace {
 
 using Action = HandlerOutcome::Action;
-
-template <typename Message>
-SharedReply shareMessage(const Message& message)
-{
-    return std::make_shared<std::vector<std::uint8_t>>(messages::buildMessage(message).buffer());
-}
-
-template <typename Message>
-HandlerOutcome replyWith(const Message& message, const std::string& summary,
-                         const RequestHandler::Remarks& remarks)
-{
-    return {Action::Reply, shareMessage(message), summary + remarks.text, remarks.notable};
-}
-
-HandlerOutcome refuse(Action action, std::string note)
-{
-    return {action, nullptr, std::move(note), true};
-}
 
 messages::CellGeometry cellOf(std::int32_t layer, std::int32_t row, std::int32_t column)
 {
@@ -68,8 +51,12 @@ std::string cellText(std::int32_t layer, std::int32_t row, std::int32_t column)
 
 } // namespace
 
-RequestHandler::RequestHandler(MapReader& reader, std::size_t cacheBudget)
-    : reader_(reader),
+RequestHandler::RequestHandler(Database& database, std::size_t cacheBudget)
+    : reader_(database),
+      writer_(database),
+      rows_(database),
+      queries_(reader_, rows_),
+      updates_(database, reader_, rows_, writer_),
       cells_(cacheBudget)
 {
 }
@@ -110,6 +97,16 @@ HandlerOutcome RequestHandler::dispatch(SessionState& session, std::int16_t code
         return cellValues(session, message);
     case CommandCode::ElementBoundingBoxRequest:
         return elementBox(session, message);
+    case CommandCode::ElementInformationRequest:
+        return queries_.information(session, message);
+    case CommandCode::FindByCondition:
+        return queries_.find(session, message);
+    case CommandCode::ConstrainedElementQuery:
+        return queries_.constrained(session, message);
+    case CommandCode::AttributeUpdate:
+        return updates_.one(session, message);
+    case CommandCode::MultipleAttributeUpdate:
+        return updates_.many(session, message);
     default:
         break;
     }
@@ -124,7 +121,7 @@ HandlerOutcome RequestHandler::access(SessionState& session, DWBUffer& message)
 {
     const auto request = messages::AccessRequest::decode(message);
     Remarks remarks;
-    fill(remarks, [&] { session.passed = reader_.mayOpen(request.user, request.map); });
+    remarks.attempt([&] { session.passed = reader_.mayOpen(request.user, request.map); });
     session.levels.reset();
     session.user = session.passed ? request.user : 0;
     session.map = session.passed ? request.map : 0;
@@ -144,7 +141,7 @@ HandlerOutcome RequestHandler::mapDefinition(const SessionState& session, DWBUff
     const auto request = messages::MapDefinitionRequest::decode(message);
     Remarks remarks;
     SharedReply reply;
-    fill(remarks, [&] {
+    remarks.attempt([&] {
         if (!reader_.mayOpen(session.user, request.map)) {
             remarks.add("; not open to this user");
             return;
@@ -178,9 +175,9 @@ HandlerOutcome RequestHandler::layerLevels(SessionState& session, DWBUffer& mess
     const auto request = messages::LayerAccessLevelsRequest::decode(message);
     messages::LayerAccessLevels reply;
     Remarks remarks;
-    fill(remarks, [&] {
+    remarks.attempt([&] {
         for (const std::int32_t layer : request.layers) {
-            reply.levels.push_back({layer, levelOf(session, layer)});
+            reply.levels.push_back({layer, session.levelOn(layer, reader_)});
         }
     });
     return replyWith(reply, "access levels of " + std::to_string(reply.levels.size()) + " layers",
@@ -193,8 +190,8 @@ HandlerOutcome RequestHandler::cellGeometry(SessionState& session, DWBUffer& mes
     Remarks remarks;
     std::size_t elements = 0;
     SharedReply reply;
-    fill(remarks, [&] {
-        if (levelOf(session, request.layer) == 0) {
+    remarks.attempt([&] {
+        if (session.levelOn(request.layer, reader_) == 0) {
             remarks.add("; no access to the layer");
             return;
         }
@@ -245,10 +242,10 @@ HandlerOutcome RequestHandler::cellValues(SessionState& session, DWBUffer& messa
     const auto request = messages::CellFieldValuesRequest::decode(message);
     messages::CellFieldValuesBuilder builder(request.layer, request.field);
     Remarks remarks;
-    fill(remarks, [&] {
+    remarks.attempt([&] {
         const auto field =
             reader_.storedFieldName(request.layer, QString::fromStdString(request.field));
-        if (!field || levelOf(session, request.layer) == 0) {
+        if (!field || session.levelOn(request.layer, reader_) == 0) {
             remarks.add("; no such field or no access to the layer");
             return;
         }
@@ -272,8 +269,8 @@ HandlerOutcome RequestHandler::elementBox(SessionState& session, DWBUffer& messa
     const auto request = messages::ElementBoundingBoxRequest::decode(message);
     auto reply = messages::ElementBoundingBox::none(request.layer, request.element);
     Remarks remarks;
-    fill(remarks, [&] {
-        const auto box = levelOf(session, request.layer) == 0
+    remarks.attempt([&] {
+        const auto box = session.levelOn(request.layer, reader_) == 0
                              ? std::nullopt
                              : reader_.elementBox(request.layer, request.element);
         if (!box) {
@@ -286,24 +283,6 @@ HandlerOutcome RequestHandler::elementBox(SessionState& session, DWBUffer& messa
                      "box of element " + std::to_string(request.element) + " of layer " +
                          std::to_string(request.layer),
                      remarks);
-}
-
-std::int16_t RequestHandler::levelOf(SessionState& session, std::int32_t layer)
-{
-    if (!session.levels) {
-        session.levels = reader_.layerLevels(session.user, session.map);
-    }
-    const auto known = session.levels->find(layer);
-    return known == session.levels->end() ? std::int16_t{0} : known->second;
-}
-
-void RequestHandler::fill(Remarks& remarks, const std::function<void()>& read)
-{
-    try {
-        read();
-    } catch (const std::exception& error) {
-        remarks.add(std::string("; store failure: ") + error.what());
-    }
 }
 
 } // namespace orbelan::server

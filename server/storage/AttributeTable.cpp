@@ -63,6 +63,17 @@ QString AttributeTable::insertStatement(std::int32_t layer,
         .arg(quoted(name(layer)), columns.join(u", "), marks.join(u", "));
 }
 
+QString AttributeTable::idList(const std::vector<std::int32_t>& ids)
+{
+    std::string list;
+    for (const std::int32_t id : ids) {
+        list += list.empty() ? '[' : ',';
+        list += std::to_string(id);
+    }
+    list = list.empty() ? "[]" : list + ']';
+    return QString::fromLatin1(list.data(), static_cast<qsizetype>(list.size()));
+}
+
 std::string AttributeTable::text(const QVariant& value)
 {
     if (value.isNull()) {

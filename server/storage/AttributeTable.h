@@ -26,6 +26,8 @@ public:
                                    const std::vector<messages::FieldRecord>& fields);
     static QString insertStatement(std::int32_t layer,
                                    const std::vector<messages::FieldRecord>& fields);
+    // The ids as a JSON array, for json_each.
+    static QString idList(const std::vector<std::int32_t>& ids);
     // A value as the text that travels in the cell value replies: integers in
     // decimal, reals in their shortest exact form, NULL as the empty text.
     static std::string text(const QVariant& value);

@@ -1,9 +1,13 @@
 #include "storage/Database.h"
 
+#include "storage/FieldText.h"
 #include "storage/Schema.h"
 #include "storage/StorageError.h"
 
+#include <QSqlDriver>
 #include <QSqlError>
+
+#include <cstring>
 
 #include <atomic>
 
@@ -44,6 +48,7 @@ Database::~Database()
 
 void Database::configure()
 {
+    installFunctions();
     execute(QStringLiteral("PRAGMA journal_mode = WAL"));
     execute(QStringLiteral("PRAGMA synchronous = NORMAL"));
     execute(QStringLiteral("PRAGMA foreign_keys = ON"));
@@ -53,6 +58,18 @@ void Database::configure()
             execute(statement);
         }
     });
+}
+
+// The SQL functions of the store (FieldText) belong to each connection; an
+// index made on one of them needs it for every write to its table.
+void Database::installFunctions()
+{
+    const QVariant handle = db_.driver()->handle();
+    if (!handle.isValid() || std::strcmp(handle.typeName(), "sqlite3*") != 0 ||
+        !FieldText::install(*static_cast<sqlite3* const*>(handle.constData()))) {
+        throw StorageError("cannot add the function " + std::string(FieldText::kFunction) +
+                           " to the map store");
+    }
 }
 
 QSqlQuery Database::prepare(const QString& sql)
@@ -72,7 +89,7 @@ void Database::run(QSqlQuery& query)
     }
 }
 
-void Database::runWith(QSqlQuery& query, std::initializer_list<QVariant> values)
+void Database::runWith(QSqlQuery& query, const QVariantList& values)
 {
     int position = 0;
     for (const QVariant& value : values) {

@@ -6,7 +6,6 @@
 #include <QVariant>
 
 #include <functional>
-#include <initializer_list>
 
 namespace orbelan::server {
 
@@ -26,7 +25,7 @@ public:
     // Runs a prepared and bound statement; throws StorageError on failure.
     static void run(QSqlQuery& query);
     // Binds the values in order, then runs the statement.
-    static void runWith(QSqlQuery& query, std::initializer_list<QVariant> values);
+    static void runWith(QSqlQuery& query, const QVariantList& values);
     // Runs a statement without values.
     void execute(const QString& sql);
     // Runs the work in one transaction: committed when it returns, rolled back
@@ -36,6 +35,7 @@ public:
 
 private:
     void configure();
+    void installFunctions();
 
     QString connectionName_;
     QSqlDatabase db_;

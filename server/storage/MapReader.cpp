@@ -155,11 +155,18 @@ MapReader::GridBounds MapReader::gridBounds(std::int32_t layer)
 
 void MapReader::readFields(messages::LayerRecord& layer)
 {
-    Database::runWith(fields_, {layer.id});
+    layer.fields = layerFields(layer.id).fields;
+}
+
+LayerFields MapReader::layerFields(std::int32_t layer)
+{
+    Database::runWith(fields_, {layer});
+    LayerFields fields;
     while (fields_.next()) {
-        layer.fields.push_back({textAt(fields_, 0), shortAt(fields_, 1)});
+        fields.fields.push_back({textAt(fields_, 0), shortAt(fields_, 1)});
     }
     fields_.finish();
+    return fields;
 }
 
 void MapReader::readClasses(messages::LayerRecord& layer)

@@ -3,6 +3,7 @@
 #include "protocol/messages/CellElement.h"
 #include "protocol/messages/ElementBoundingBox.h"
 #include "storage/Database.h"
+#include "storage/LayerFields.h"
 #include "protocol/messages/MapDefinition.h"
 
 #include <QSqlQuery>
@@ -57,6 +58,8 @@ public:
     // The element's stored bounding box in degrees; nothing when the layer
     // has no such element.
     std::optional<messages::ElementBoundingBox> elementBox(std::int32_t layer, std::int32_t element);
+    // The layer's fields in order; none for an unknown layer.
+    LayerFields layerFields(std::int32_t layer);
     // The name under which the layer stores the requested field (matched
     // without regard to case); nothing when the layer has no such field.
     std::optional<QString> storedFieldName(std::int32_t layer, const QString& requested);

@@ -1,10 +1,12 @@
 #include "storage/MapWriter.h"
 
 #include "storage/AttributeTable.h"
+#include "storage/FieldText.h"
 #include "storage/StorageError.h"
 #include "storage/VertexBlob.h"
 
 #include <QSqlQuery>
+#include <QStringList>
 #include <QVariant>
 
 #include <algorithm>
@@ -270,6 +272,52 @@ void MapWriter::insertAttributes(LayerTarget& target, const StoredElement& eleme
         target.insertAttributes.bindValue(static_cast<int>(i + 1), value);
     }
     Database::run(target.insertAttributes);
+}
+
+void MapWriter::updateAttributes(std::int32_t layer,
+                                 const std::vector<std::pair<QString, QVariant>>& values,
+                                 const std::vector<std::int32_t>& elements)
+{
+    QStringList assignments;
+    QVariantList bound;
+    for (const auto& [field, value] : values) {
+        assignments << AttributeTable::quoted(field) + QStringLiteral(" = ?");
+        bound << value;
+    }
+    bound << AttributeTable::idList(elements);
+    database_.transaction([&] {
+        QSqlQuery update = database_.prepare(
+            QStringLiteral("UPDATE %1 SET %2 WHERE element_id IN (SELECT value FROM json_each(?))")
+                .arg(AttributeTable::quoted(AttributeTable::name(layer)), assignments.join(u", ")));
+        Database::runWith(update, bound);
+    });
+}
+
+// Text columns are indexed on their folded text, which their conditions
+// compare, numeric columns on their values.
+void MapWriter::indexAttributes()
+{
+    QSqlQuery fields = database_.prepare(
+        QStringLiteral("SELECT layer_id, position, name, ado_type FROM fields ORDER BY layer_id, position"));
+    Database::run(fields);
+    QStringList statements;
+    while (fields.next()) {
+        const auto layer = static_cast<std::int32_t>(fields.value(0).toLongLong());
+        const QString column = AttributeTable::quoted(fields.value(2).toString());
+        const bool text = AttributeTable::columnType(static_cast<std::int16_t>(fields.value(3).toInt())) ==
+                          QLatin1String("TEXT");
+        const QString index =
+            QStringLiteral("layer_%1_field_%2").arg(layer).arg(fields.value(1).toInt());
+        statements << QStringLiteral("CREATE INDEX IF NOT EXISTS %1 ON %2 (%3)")
+                          .arg(AttributeTable::quoted(index),
+                               AttributeTable::quoted(AttributeTable::name(layer)),
+                               text ? FieldText::of(column) : column);
+    }
+    database_.transaction([&] {
+        for (const QString& statement : statements) {
+            database_.execute(statement);
+        }
+    });
 }
 
 MapWriter::LayerTarget& MapWriter::targetOf(std::int32_t layer)

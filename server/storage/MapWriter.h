@@ -12,6 +12,8 @@
 #include <cstdint>
 #include <map>
 #include <optional>
+#include <utility>
+#include <vector>
 
 namespace orbelan::server {
 
@@ -54,6 +56,12 @@ public:
     // Stores the element and its attributes and files it in every cell its
     // bounding box touches.
     void addElement(std::int32_t layer, const StoredElement& element);
+    // Indexes every attribute column that has no index yet.
+    void indexAttributes();
+    // Gives every listed element of the layer the values, by stored field
+    // name; ids without an element are passed over.
+    void updateAttributes(std::int32_t layer, const std::vector<std::pair<QString, QVariant>>& values,
+                          const std::vector<std::int32_t>& elements);
 
 private:
     struct LayerTarget {

@@ -6,10 +6,12 @@
 #include "protocol/messages/CellGeometryRequest.h"
 #include "protocol/messages/ElementBoundingBox.h"
 #include "protocol/messages/ElementBoundingBoxRequest.h"
+#include "protocol/messages/ElementChange.h"
 #include "protocol/messages/LayerAccessLevels.h"
 #include "protocol/messages/LayerAccessLevelsRequest.h"
 #include "protocol/messages/MapDefinition.h"
 #include "protocol/messages/MapDefinitionRequest.h"
+#include "protocol/messages/MultipleAttributeUpdate.h"
 #include "SampleStore.h"
 #include "ServerThread.h"
 #include "WireClient.h"
@@ -169,6 +171,31 @@ TEST_F(MapServerTest, ElementBoxesAreTheStoredOnesOrEmpty)
         ASSERT_TRUE(box) << layer << "/" << element;
         EXPECT_EQ(*box, ElementBoundingBox::none(layer, element));
     }
+}
+
+// The sender learns of its change as the others on the map do; the cell
+// values asked for afterwards are the new ones.
+TEST_F(MapServerTest, ChangedValuesAreAnnouncedToEveryConnectionOnTheMap)
+{
+    auto sender = admitted(1);
+    auto viewer = admitted(2);
+    WireClient elsewhere(port);
+    ASSERT_TRUE(elsewhere.ask<AccessAnswer>(AccessRequest{1, SampleStore::kOtherMap})->granted());
+    sender->send(MultipleAttributeUpdate{SampleStore::kStreets, {2, 1}, {}, {}, {{"STREET", 202, "Providencia"}}});
+    for (WireClient* client : {sender.get(), viewer.get()}) {
+        for (const std::int32_t element : {1, 2}) {
+            const auto change = client->reply<ElementChange>();
+            ASSERT_TRUE(change);
+            EXPECT_EQ(change->operation, ElementChange::ValuesChanged);
+            EXPECT_EQ(change->element, element);
+            EXPECT_EQ(change->values, (std::vector<std::string>{"Providencia", element == 1 ? "1" : "-1"}));
+        }
+    }
+    EXPECT_TRUE(elsewhere.ask<CellGeometry>(busyCell(SampleStore::kOtherLayer))) << "nothing came before the reply";
+    const auto labels =
+        viewer->ask<CellFieldValues>(CellFieldValuesRequest{SampleStore::kStreets, 5655, 10935, "STREET"});
+    ASSERT_TRUE(labels);
+    EXPECT_EQ(labels->values, (std::vector<std::string>{"Providencia", "Matucana"}));
 }
 
 // The server holds such a client back instead of filling its memory, and

@@ -1,7 +1,6 @@
 #include "protocol/messages/CellGeometry.h"
 #include "protocol/messages/CellGeometryRequest.h"
 #include "protocol/CommandCatalogue.h"
-#include "storage/MapReader.h"
 #include "protocol/messages/MessageIO.h"
 #include "serving/RequestHandler.h"
 #include "SampleStore.h"
@@ -21,8 +20,7 @@ namespace {
 TEST(RequestHandler, RandomPayloadsNeverEscapeTheHandler)
 {
     SampleStore store;
-    MapReader reader(store.database());
-    RequestHandler handler(reader);
+    RequestHandler handler(store.database());
     std::mt19937 random(20261122);
     std::uniform_int_distribution<int> byte(0, 255);
     std::uniform_int_distribution<int> length(0, 40);
@@ -58,8 +56,7 @@ TEST(RequestHandler, RandomPayloadsNeverEscapeTheHandler)
 TEST(RequestHandler, AConnectionRemembersTheLevelsOfItsMapOnly)
 {
     SampleStore store;
-    MapReader reader(store.database());
-    RequestHandler handler(reader);
+    RequestHandler handler(store.database());
     SessionState session{true, 1, SampleStore::kMap, {}};
     for (std::int32_t layer = 1000; layer < 1100; ++layer) {
         DWBUffer unknown = messages::buildMessage(messages::CellGeometryRequest{layer, 0, 0});
@@ -76,8 +73,7 @@ TEST(RequestHandler, AConnectionRemembersTheLevelsOfItsMapOnly)
 TEST(RequestHandler, SharesCachedCellRepliesAndCachesOnlyCellsOfTheGrid)
 {
     SampleStore store;
-    MapReader reader(store.database());
-    RequestHandler handler(reader);
+    RequestHandler handler(store.database());
     SessionState session{true, 1, SampleStore::kMap, {}};
     const auto ask = [&](std::int32_t row, std::int32_t column) {
         DWBUffer request = messages::buildMessage(

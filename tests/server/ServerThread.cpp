@@ -1,7 +1,6 @@
 #include "ServerThread.h"
 
 #include "storage/Database.h"
-#include "storage/MapReader.h"
 #include "serving/MapServer.h"
 #include "serving/ServerLog.h"
 
@@ -72,9 +71,8 @@ void ServerThread::run()
     std::ostream out(&buffer);
     {
         Database database(databasePath_);
-        MapReader reader(database);
         ServerLog log(out, true);
-        MapServer server(reader, log, limits_);
+        MapServer server(database, log, limits_);
         if (!server.listen(QHostAddress::LocalHost, 0)) {
             return;
         }
