@@ -1,7 +1,11 @@
 #include "protocol/messages/AccessAnswer.h"
 #include "protocol/messages/AccessRequest.h"
+#include "protocol/messages/ChangePasswordAnswer.h"
+#include "protocol/messages/ChangePasswordRequest.h"
 #include "protocol/messages/LayerAccessLevels.h"
 #include "protocol/messages/LayerAccessLevelsRequest.h"
+#include "protocol/messages/LoginAnswer.h"
+#include "protocol/messages/LoginRequest.h"
 #include "protocol/messages/MapDefinition.h"
 #include "protocol/messages/MapDefinitionRequest.h"
 #include "MessageRoundTrip.h"
@@ -38,8 +42,19 @@ TEST(StartupMessages, RequestsAndRepliesSurviveEveryTruncation)
     expectRoundTripAndTruncation(AccessAnswer{AccessAnswer::kGranted});
     expectRoundTripAndTruncation(MapDefinitionRequest{12});
     expectRoundTripAndTruncation(santiagoLike());
+    expectRoundTripAndTruncation(LoginRequest{"admin", "contraseña"});
+    expectRoundTripAndTruncation(LoginAnswer{1, {1, 4, 7}, {{1, "Santiago"}, {3, "World"}}});
+    expectRoundTripAndTruncation(ChangePasswordRequest{1, "old", "new"});
+    expectRoundTripAndTruncation(ChangePasswordAnswer{ChangePasswordAnswer::kChanged});
     expectRoundTripAndTruncation(LayerAccessLevelsRequest{3, {7, 8, -1}});
     expectRoundTripAndTruncation(LayerAccessLevels{{{7, 3}, {8, 0}}});
+}
+
+TEST(StartupMessages, ARefusedLoginIsItsUserIdAlone)
+{
+    const Bytes bytes = buildMessage(LoginAnswer::refused()).buffer();
+    EXPECT_EQ(bytes.size(), 14u);
+    EXPECT_FALSE(decodeWhole<LoginAnswer>(bytes).accepted());
 }
 
 TEST(StartupMessages, AccessRequestHasTheWireLayout)
