@@ -70,13 +70,20 @@ std::optional<QVariant> toIntegerList(QString word)
 }
 
 // The word as a value of the parameter's type, when it can be one.
-// A list of texts written as a,b,c or [a,b,c]; [] is the empty list.
+// A list of texts written as a,b,c or [a,b,c]; [] is the empty list and
+// "" an empty text in it ([""], [a,""]).
 QVariant toTextList(QString word)
 {
     if (word.startsWith('[') && word.endsWith(']')) {
         word = word.mid(1, word.size() - 2);
     }
-    return QVariant::fromValue(word.isEmpty() ? QStringList() : word.split(','));
+    QStringList texts = word.isEmpty() ? QStringList() : word.split(',');
+    for (QString& text : texts) {
+        if (text == QStringLiteral("\"\"")) {
+            text.clear();
+        }
+    }
+    return QVariant::fromValue(texts);
 }
 
 std::optional<QVariant> toArgument(const QString& word, QMetaType type)

@@ -85,7 +85,9 @@ std::optional<QStringList> splitWords(const QString& line)
         if (quoted && character == '\\' && i + 1 < line.size()) {
             word += unescape(line[i + 1]).value_or(line[i + 1]);
             ++i;
-        } else if (character == '"') {
+        } else if (character == '"' && (quoted || !inWord)) {
+            // Quotes hold a whole word; inside a word they are its own
+            // characters, as in the list of texts [a,""].
             quoted = !quoted;
             inWord = true;
         } else if (!quoted && character.isSpace()) {

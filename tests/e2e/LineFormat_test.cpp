@@ -24,6 +24,7 @@ TEST(LineFormat, WordsAreSeparatedByAnyRunOfBlanks)
     EXPECT_EQ(splitWords("  mouse   down 1\t20 30  "), (QStringList{"mouse", "down", "1", "20", "30"}));
     EXPECT_EQ(splitWords(""), QStringList{});
     EXPECT_EQ(splitWords("say \"unterminated"), std::nullopt);
+    EXPECT_EQ(splitWords("call [a,\"\"]"), (QStringList{"call", "[a,\"\"]"}));
 }
 
 TEST(LineFormat, ValuesPrintInTheirShortestExactForm)

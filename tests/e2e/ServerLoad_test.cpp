@@ -354,4 +354,71 @@ TEST_F(DemoServer, TheHeadlessHostSelectsThreeParcelsByAPolygon)
     EXPECT_NE(picture.pixelColor(middle(3)), highlight);
 }
 
+// A second viewer of the map, loaded at the same view as the first.
+struct SecondViewer {
+    explicit SecondViewer(quint16 port)
+    {
+        viewer.setUiServices(ui);
+        viewer.resize(640, 480);
+        viewer.setURL(QStringLiteral("127.0.0.1"));
+        viewer.setPort(port);
+        viewer.setIDUser(kAdministrator);
+        viewer.setMapCode(kSantiago);
+        viewer.show();
+    }
+    ScriptedUiServices ui;
+    Viewer viewer;
+};
+
+// The values of one parcel (roll number, use, area), learned from the server.
+QStringList valuesOf(Viewer& viewer, std::int32_t parcel)
+{
+    QStringList values;
+    const auto connection = QObject::connect(
+        &viewer, &Viewer::InfoArrival,
+        [&](int, int, const QStringList&, const QList<int>&, const QStringList& arrived) { values = arrived; });
+    viewer.GetInfo(102, parcel, true);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !values.isEmpty(); }, kLoadMilliseconds));
+    QObject::disconnect(connection);
+    return values;
+}
+
+// One viewer picks a parcel by its roll number, changes its use in the
+// information grid (tries a use, undoes it, applies another) and sends the
+// update; both viewers of the map then hold the new use and draw its class
+// without asking.
+TEST_F(DemoServer, AnUpdateFromTheGridReachesEveryViewerOfTheMap)
+{
+    ASSERT_TRUE(showLoaded());
+    ASSERT_TRUE(zoomToTheCentre());
+    SecondViewer second(port);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return second.viewer.layerscargados() && second.viewer.isIdle(); },
+                                kLoadMilliseconds));
+    second.viewer.SetView(-70.67, -33.46, -70.66, -33.452);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return second.viewer.isIdle(); }, kLoadMilliseconds));
+    const layer& parcels = *viewer.Layers().Find(102);
+    ASSERT_FALSE(parcels.DrawnIDs().empty());
+    const std::int32_t parcel = parcels.DrawnIDs().front();
+    const QString roll = valuesOf(viewer, parcel).value(0);
+    ASSERT_FALSE(roll.isEmpty());
+    const QString newUse = parcels.Entidades.Find(parcel)->ThemeValue == "Industrial" ? QStringLiteral("Comercial")
+                                                                                       : QStringLiteral("Industrial");
+
+    ui.queueDialog({"dlgSelect", {{"optNoPol", "1"}}, "OKButton"});
+    ui.queueDialog({"dlgShowInfoElements", {{"grdInfoElements", "0,2,dblclick"}, {"txtValue", "Educación"}}, "cmdOK"});
+    ui.queueDialog({"dlgShowInfoElements", {}, "UndoUpdate"});
+    ui.queueDialog({"dlgShowInfoElements", {{"grdInfoElements", "0,2,dblclick"}, {"txtValue", newUse}}, "cmdOK"});
+    ui.queueDialog({"dlgShowInfoElements", {}, "cmdUpdate"});
+    viewer.MultipleSelect(false, 0, 0, 102, {"ROL"}, {1}, {roll}, {""});
+    for (Viewer* each : {&viewer, &second.viewer}) {
+        const layer& held = *each->Layers().Find(102);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return held.Entidades.Find(parcel)->ThemeValue == newUse.toStdString(); },
+                                    kLoadMilliseconds));
+        const Theme& theme = *held.ThematicMap().Item(held.Entidades.Find(parcel)->ThemeCode);
+        EXPECT_EQ(theme.min, newUse.toStdString());
+    }
+    EXPECT_EQ(valuesOf(second.viewer, parcel).value(1), newUse);
+    EXPECT_EQ(ui.queuedDialogs(), 0u);
+}
+
 } // namespace
