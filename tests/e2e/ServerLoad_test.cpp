@@ -28,6 +28,20 @@ constexpr int kLoadMilliseconds = 30'000;
 constexpr std::int32_t kAdministrator = 1;
 constexpr std::int32_t kSantiago = 1;
 
+// Shows Santiago to the administrator and waits until every reply is in.
+bool showMap(Viewer& viewer, ScriptedUiServices& ui, quint16 port)
+{
+    viewer.setUiServices(ui);
+    viewer.resize(640, 480);
+    viewer.setURL(QStringLiteral("127.0.0.1"));
+    viewer.setPort(port);
+    viewer.setIDUser(kAdministrator);
+    viewer.setMapCode(kSantiago);
+    viewer.show();
+    return QTest::qWaitFor([&] { return viewer.layerscargados() && viewer.PendingRequests() == 0; },
+                           kLoadMilliseconds);
+}
+
 // orbelan-server serving the Santiago demo map from a store of its own.
 class DemoServer : public ::testing::Test {
 protected:
@@ -69,19 +83,7 @@ protected:
         server.waitForFinished();
     }
 
-    // Shows the map to the administrator and waits until every reply is in.
-    bool showLoaded()
-    {
-        viewer.setUiServices(ui);
-        viewer.resize(640, 480);
-        viewer.setURL(QStringLiteral("127.0.0.1"));
-        viewer.setPort(port);
-        viewer.setIDUser(kAdministrator);
-        viewer.setMapCode(kSantiago);
-        viewer.show();
-        return QTest::qWaitFor([&] { return viewer.layerscargados() && viewer.PendingRequests() == 0; },
-                               kLoadMilliseconds);
-    }
+    bool showLoaded() { return showMap(viewer, ui, port); }
 
     // Zooms to a few blocks of the centre and waits for their cells.
     static constexpr const char* kCentre = "-70.67 -33.46 -70.66 -33.452";
@@ -354,22 +356,6 @@ TEST_F(DemoServer, TheHeadlessHostSelectsThreeParcelsByAPolygon)
     EXPECT_NE(picture.pixelColor(middle(3)), highlight);
 }
 
-// A second viewer of the map, loaded at the same view as the first.
-struct SecondViewer {
-    explicit SecondViewer(quint16 port)
-    {
-        viewer.setUiServices(ui);
-        viewer.resize(640, 480);
-        viewer.setURL(QStringLiteral("127.0.0.1"));
-        viewer.setPort(port);
-        viewer.setIDUser(kAdministrator);
-        viewer.setMapCode(kSantiago);
-        viewer.show();
-    }
-    ScriptedUiServices ui;
-    Viewer viewer;
-};
-
 // The values of one parcel (roll number, use, area), learned from the server.
 QStringList valuesOf(Viewer& viewer, std::int32_t parcel)
 {
@@ -391,11 +377,11 @@ TEST_F(DemoServer, AnUpdateFromTheGridReachesEveryViewerOfTheMap)
 {
     ASSERT_TRUE(showLoaded());
     ASSERT_TRUE(zoomToTheCentre());
-    SecondViewer second(port);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return second.viewer.layerscargados() && second.viewer.isIdle(); },
-                                kLoadMilliseconds));
-    second.viewer.SetView(-70.67, -33.46, -70.66, -33.452);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return second.viewer.isIdle(); }, kLoadMilliseconds));
+    ScriptedUiServices secondUi;
+    Viewer second;
+    ASSERT_TRUE(showMap(second, secondUi, port));
+    second.SetView(-70.67, -33.46, -70.66, -33.452);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return second.isIdle(); }, kLoadMilliseconds));
     const layer& parcels = *viewer.Layers().Find(102);
     ASSERT_FALSE(parcels.DrawnIDs().empty());
     const std::int32_t parcel = parcels.DrawnIDs().front();
@@ -410,14 +396,14 @@ TEST_F(DemoServer, AnUpdateFromTheGridReachesEveryViewerOfTheMap)
     ui.queueDialog({"dlgShowInfoElements", {{"grdInfoElements", "0,2,dblclick"}, {"txtValue", newUse}}, "cmdOK"});
     ui.queueDialog({"dlgShowInfoElements", {}, "cmdUpdate"});
     viewer.MultipleSelect(false, 0, 0, 102, {"ROL"}, {1}, {roll}, {""});
-    for (Viewer* each : {&viewer, &second.viewer}) {
+    for (Viewer* each : {&viewer, &second}) {
         const layer& held = *each->Layers().Find(102);
         EXPECT_TRUE(QTest::qWaitFor([&] { return held.Entidades.Find(parcel)->ThemeValue == newUse.toStdString(); },
                                     kLoadMilliseconds));
         const Theme& theme = *held.ThematicMap().Item(held.Entidades.Find(parcel)->ThemeCode);
         EXPECT_EQ(theme.min, newUse.toStdString());
     }
-    EXPECT_EQ(valuesOf(second.viewer, parcel).value(1), newUse);
+    EXPECT_EQ(valuesOf(second, parcel).value(1), newUse);
     EXPECT_EQ(ui.queuedDialogs(), 0u);
 }
 
