@@ -13,6 +13,7 @@ packages=(
   qt6-base-dev qt6-qpa-plugins libqt6sql6-sqlite libsqlite3-dev
   fonts-liberation
   libgdal-dev
+  libsodium-dev
 )
 
 missing=()
