@@ -21,7 +21,7 @@ const char* const kUsage =
     "  demo --db FILE build the demo maps and users into a map store\n"
     "  import --db FILE --map CODE [--layer-name NAME] [--label-field F] [--theme-field F] SOURCE\n"
     "                 import one layer of a GDAL/OGR vector source into a map\n"
-    "  user add|grant manage users, their maps and their layer levels\n\n"
+    "  user add|grant|passwd manage users, their passwords, maps and layer levels\n\n"
     "orbelan-server COMMAND --help tells more about each command.\n";
 
 // The command's own arguments, with a program name in front for the parser.

@@ -5,6 +5,7 @@
 #include "storage/StorageError.h"
 #include "serving/MapServer.h"
 #include "cli/LimitOptions.h"
+#include "cli/LoginOptions.h"
 #include "cli/OptionValues.h"
 #include "cli/StopSignals.h"
 #include "serving/ServerLog.h"
@@ -68,6 +69,7 @@ int ServeCommand::run(const QStringList& arguments)
         {QStringLiteral("verbose"), QStringLiteral("Log one line per request.")},
     });
     LimitOptions::add(parser);
+    LoginOptions::add(parser);
     parser.process(arguments);
 
     const QString path = OptionValues::required(parser, QStringLiteral("db"));
@@ -83,12 +85,16 @@ int ServeCommand::run(const QStringList& arguments)
     const auto port =
         static_cast<quint16>(OptionValues::integer(parser, QStringLiteral("port"), 0, 65535));
     const ServingLimits limits = LimitOptions::read(parser);
+    const LoginPolicy policy = LoginOptions::read(parser);
     raiseDescriptorLimit();
 
     Database database(path);
     ServerLog log(std::cerr, parser.isSet(QStringLiteral("verbose")));
     indexAttributes(database, log);
-    MapServer server(database, log, limits);
+    MapServer server(database, log, limits, policy);
+    if (policy.trustUserIds) {
+        log.line("trusting the user ids of access requests: no login is needed");
+    }
     if (!server.listen(address, port)) {
         throw std::runtime_error("cannot listen on " + address.toString().toStdString() + ":" +
                                  std::to_string(port) + ": " + server.errorString().toStdString());

@@ -2,7 +2,9 @@
 
 #include "demo/DemoData.h"
 #include "import/LayerImporter.h"
+#include "login/PasswordHash.h"
 #include "storage/MapWriter.h"
+#include "storage/UserStore.h"
 #include "demo/SantiagoGenerator.h"
 
 namespace orbelan::server {
@@ -101,9 +103,13 @@ void DemoBuilder::importAtlases(const QString& dataFolder)
 void DemoBuilder::addUsers()
 {
     MapWriter writer(database_);
-    writer.ensureUser(kAdmin, QStringLiteral("admin"));
-    writer.ensureUser(kViewer, QStringLiteral("visor"));
-    writer.ensureUser(kGuest, QStringLiteral("invitado"));
+    UserStore users(database_);
+    // Each demo user's password is the name.
+    for (const auto& [id, name] : {std::pair{kAdmin, "admin"}, std::pair{kViewer, "visor"},
+                                   std::pair{kGuest, "invitado"}}) {
+        writer.ensureUser(id, QString::fromLatin1(name));
+        users.setPasswordHash(name, PasswordHash::make(name));
+    }
     for (const std::int32_t code : kDemoMaps) {
         if (!writer.mapExists(code)) {
             continue;
@@ -118,7 +124,8 @@ void DemoBuilder::addUsers()
         }
     }
     report_ << "users: " << kAdmin << " admin (draws on every layer), " << kViewer
-            << " visor (views every layer), " << kGuest << " invitado (no access to Santiago)\n";
+            << " visor (views every layer), " << kGuest
+            << " invitado (no access to Santiago); each one's password is the name\n";
 }
 
 } // namespace orbelan::server

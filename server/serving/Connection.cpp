@@ -16,9 +16,9 @@ constexpr std::size_t kPartsPerWrite = 64;
 
 } // namespace
 
-Connection::Connection(int fd, std::uint64_t number, const std::string& peer,
-                       RequestHandler& handler, ServerLog& log, std::size_t unsentLimit,
-                       Announcer announcer)
+Connection::Connection(int fd, std::uint64_t number, const std::string& address,
+                       std::uint16_t port, RequestHandler& handler, ServerLog& log,
+                       std::size_t unsentLimit, Announcer announcer)
     : fd_(fd),
       number_(number),
       handler_(handler),
@@ -27,7 +27,9 @@ Connection::Connection(int fd, std::uint64_t number, const std::string& peer,
       announcer_(std::move(announcer)),
       lastActivity_(Clock::now())
 {
-    log_.line(prefix() + "opened from " + peer);
+    state_.connection = number;
+    state_.address = address;
+    log_.line(prefix() + "opened from " + address + ":" + std::to_string(port));
 }
 
 Connection::~Connection()
@@ -71,7 +73,7 @@ void Connection::take(std::span<const std::uint8_t> bytes)
 
 void Connection::answer(std::size_t count)
 {
-    for (; count > 0 && hasRequests() && unsent_ <= unsentLimit_; --count) {
+    for (; count > 0 && hasRequests() && unsent_ <= unsentLimit_ && !awaiting_; --count) {
         answerOne(requests_[nextRequest_++]);
     }
 }
@@ -86,7 +88,17 @@ void Connection::answerOne(std::span<const std::uint8_t> request)
         stop();
         return;
     }
-    HandlerOutcome outcome = handler_.handle(state_, message);
+    carryOut(handler_.handle(state_, message));
+}
+
+void Connection::resume(HandlerOutcome outcome)
+{
+    awaiting_ = false;
+    carryOut(std::move(outcome));
+}
+
+void Connection::carryOut(HandlerOutcome outcome)
+{
     if (outcome.notable) {
         log_.line(prefix() + outcome.note);
     } else {
@@ -100,6 +112,9 @@ void Connection::answerOne(std::span<const std::uint8_t> request)
         break;
     case HandlerOutcome::Action::Close:
         stop();
+        break;
+    case HandlerOutcome::Action::Await:
+        awaiting_ = true;
         break;
     }
     if (outcome.announcement) {
@@ -174,7 +189,7 @@ std::uint32_t Connection::events() const
         return 0;
     }
     std::uint32_t events = 0;
-    if (!readingDone_ && !hasRequests() && unsent_ <= unsentLimit_) {
+    if (!readingDone_ && !hasRequests() && unsent_ <= unsentLimit_ && !awaiting_) {
         events |= EPOLLIN;
     }
     if (!replies_.empty()) {
@@ -185,7 +200,7 @@ std::uint32_t Connection::events() const
 
 bool Connection::finished() const
 {
-    return broken_ || (readingDone_ && !hasRequests() && replies_.empty());
+    return broken_ || (readingDone_ && !hasRequests() && replies_.empty() && !awaiting_);
 }
 
 std::string Connection::prefix() const

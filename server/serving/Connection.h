@@ -43,8 +43,10 @@ public:
     // Bytes read from the socket at a time.
     static constexpr std::size_t kReadChunk = 64 * 1024;
 
-    Connection(int fd, std::uint64_t number, const std::string& peer, RequestHandler& handler,
-               ServerLog& log, std::size_t unsentLimit, Announcer announcer);
+    // address: the peer's IP address; port: its port.
+    Connection(int fd, std::uint64_t number, const std::string& address, std::uint16_t port,
+               RequestHandler& handler, ServerLog& log, std::size_t unsentLimit,
+               Announcer announcer);
     ~Connection();
     Connection(const Connection&) = delete;
     Connection& operator=(const Connection&) = delete;
@@ -69,11 +71,17 @@ public:
     // Queues messages that no request of this connection asked for, after
     // the replies queued so far.
     void deliver(SharedReply messages) { queue(std::move(messages)); }
+    // Carries out the outcome of the request it has been waiting for, and
+    // goes on answering.
+    void resume(HandlerOutcome outcome);
 
     // What to wait for on the socket (EPOLLIN, EPOLLOUT).
     std::uint32_t events() const;
     // Requests wait to be answered and the client takes its replies.
-    bool canAnswer() const { return hasRequests() && unsent_ <= unsentLimit_ && !broken_; }
+    bool canAnswer() const
+    {
+        return hasRequests() && unsent_ <= unsentLimit_ && !broken_ && !awaiting_;
+    }
     // Nothing is left to do: the connection may be closed.
     bool finished() const;
     std::size_t unsent() const { return unsent_; }
@@ -93,6 +101,7 @@ private:
     void take(std::span<const std::uint8_t> bytes);
     bool hasRequests() const { return nextRequest_ < requests_.size(); }
     void answerOne(std::span<const std::uint8_t> request);
+    void carryOut(HandlerOutcome outcome);
     void queue(SharedReply reply);
     std::size_t gatherUnsent(iovec* parts, std::size_t capacity) const;
     void advance(std::size_t written);
@@ -117,6 +126,9 @@ private:
     // sending, or the server is stopping.
     bool readingDone_ = false;
     bool broken_ = false;
+    // A request waits for an answer that comes later; nothing more is
+    // answered or read until it comes.
+    bool awaiting_ = false;
 };
 
 } // namespace orbelan::server

@@ -9,9 +9,11 @@
 namespace orbelan::server {
 
 // What the server does after one request: send the reply, drop the request,
-// or close the connection; with a note for the log, and what to announce.
+// close the connection, or wait for an answer that comes later (a password
+// check) before answering anything more; with a note for the log, and what
+// to announce.
 struct HandlerOutcome {
-    enum class Action { Reply, Drop, Close };
+    enum class Action { Reply, Drop, Close, Await };
 
     Action action = Action::Drop;
     // Set exactly when the action is Reply.

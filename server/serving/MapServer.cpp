@@ -3,6 +3,7 @@
 #include <QDeadlineTimer>
 
 #include <algorithm>
+#include <limits>
 #include <utility>
 #include <vector>
 
@@ -13,8 +14,10 @@ namespace orbelan::server {
 
 namespace {
 
-// The listening socket's key in the epoll set; connections are numbered from 1.
+// The listening socket's key in the epoll set; connections are numbered from
+// 1; the password checks' descriptor has the last key.
 constexpr std::uint64_t kListenerKey = 0;
+constexpr std::uint64_t kLoginsKey = std::numeric_limits<std::uint64_t>::max();
 // Requests answered for one connection before the others get their turn.
 constexpr std::size_t kRequestsPerTurn = 4;
 // Connections accepted at one wake-up, so that a flood of them does not hold
@@ -36,14 +39,15 @@ std::string mebibytes(std::size_t bytes)
 } // namespace
 
 MapServer::MapServer(Database& database, ServerLog& log, const ServingLimits& limits,
-                     QObject* parent)
+                     const LoginPolicy& policy, QObject* parent)
     : QObject(parent),
-      handler_(database, limits.cacheBudget),
+      handler_(database, limits.cacheBudget, policy),
       log_(log),
       limits_(limits),
       admission_(limits.connections, limits.connectionsPerAddress)
 {
     notifier_ = std::make_unique<QSocketNotifier>(epoll_.descriptor(), QSocketNotifier::Read);
+    epoll_.add(handler_.logins().descriptor(), kLoginsKey, EPOLLIN);
     connect(notifier_.get(), &QSocketNotifier::activated, this, &MapServer::serveReady);
     connect(&clock_, &QTimer::timeout, this, &MapServer::closeExpired);
     connect(&turns_, &QTimer::timeout, this, &MapServer::takeTurns);
@@ -69,6 +73,8 @@ void MapServer::serveReady()
     for (const epoll_event& event : epoll_.wait(0)) {
         if (event.data.u64 == kListenerKey) {
             acceptConnections();
+        } else if (event.data.u64 == kLoginsKey) {
+            answerLogins();
         } else if (const auto found = clients_.find(event.data.u64); found != clients_.end()) {
             serve(found->second, event.events);
         }
@@ -108,7 +114,8 @@ void MapServer::admit(const ListeningSocket::Arrival& arrival)
     }
     const std::uint64_t number = ++connections_;
     Client client{std::make_unique<Connection>(
-                      arrival.fd, number, peer, handler_, log_, limits_.unsentPerConnection,
+                      arrival.fd, number, arrival.address, arrival.port, handler_, log_,
+                      limits_.unsentPerConnection,
                       [this](const HandlerOutcome::Announcement& news) { announce(news); }),
                   arrival.address, EPOLLIN};
     epoll_.add(arrival.fd, number, EPOLLIN);
@@ -154,6 +161,23 @@ void MapServer::takeTurns()
     }
     settleAnnounced();
     keepUnsentWithinBudget();
+}
+
+// A connection closed while its password was checked gets nothing; what the
+// check found still counts (a failure, or a login from the address).
+void MapServer::answerLogins()
+{
+    for (LoginService::Answered& answered : handler_.logins().collect()) {
+        const auto found = clients_.find(answered.connection);
+        if (found == clients_.end()) {
+            log_.line("connection " + std::to_string(answered.connection) +
+                      ": closed before its answer: " + answered.outcome.note);
+            continue;
+        }
+        found->second.connection->resume(std::move(answered.outcome));
+        found->second.connection->send();
+        settle(found->second);
+    }
 }
 
 void MapServer::settle(Client& client)
@@ -314,7 +338,9 @@ int MapServer::shutDown(std::chrono::milliseconds deadline)
     const QDeadlineTimer timer(deadline);
     while (!clients_.empty() && !timer.hasExpired()) {
         for (const epoll_event& event : epoll_.wait(static_cast<int>(timer.remainingTime()))) {
-            if (const auto found = clients_.find(event.data.u64); found != clients_.end()) {
+            if (event.data.u64 == kLoginsKey) {
+                answerLogins();
+            } else if (const auto found = clients_.find(event.data.u64); found != clients_.end()) {
                 serve(found->second, event.events);
             }
         }

@@ -34,12 +34,15 @@ namespace orbelan::server {
 // the replies waiting to be sent stay within a budget. Requests are answered
 // a few per connection at a time, so that one client's long burst does not
 // hold up the others. What a request changes is announced to every
-// connection on its map.
+// connection on its map. Passwords are checked off this thread; a connection
+// waiting for one is answered when the check's result comes back through
+// the epoll set.
 class MapServer : public QObject {
     Q_OBJECT
 
 public:
     MapServer(Database& database, ServerLog& log, const ServingLimits& limits = {},
+              const LoginPolicy& policy = LoginPolicy::trustingUserIds(),
               QObject* parent = nullptr);
     ~MapServer() override;
 
@@ -66,6 +69,8 @@ private:
     void admit(const ListeningSocket::Arrival& arrival);
     void serve(Client& client, std::uint32_t events);
     void takeTurns();
+    // Hands the answers of finished password checks to their connections.
+    void answerLogins();
     // After work on a connection: closes it when it has finished, else
     // updates what to wait for, its timeouts, the unsent total and the
     // backlog of requests to answer.

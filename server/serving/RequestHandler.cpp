@@ -51,13 +51,15 @@ std::string cellText(std::int32_t layer, std::int32_t row, std::int32_t column)
 
 } // namespace
 
-RequestHandler::RequestHandler(Database& database, std::size_t cacheBudget)
+RequestHandler::RequestHandler(Database& database, std::size_t cacheBudget,
+                               const LoginPolicy& policy)
     : reader_(database),
       writer_(database),
       rows_(database),
       queries_(reader_, rows_),
       updates_(database, reader_, rows_, writer_),
-      cells_(cacheBudget)
+      cells_(cacheBudget),
+      logins_(database, policy)
 {
 }
 
@@ -87,6 +89,10 @@ HandlerOutcome RequestHandler::dispatch(SessionState& session, std::int16_t code
     switch (static_cast<CommandCode>(code)) {
     case CommandCode::AccessRequest:
         return access(session, message);
+    case CommandCode::Login:
+        return logins_.login(session, message);
+    case CommandCode::ChangePassword:
+        return logins_.changePassword(session, message);
     case CommandCode::MapDefinitionRequest:
         return mapDefinition(session, message);
     case CommandCode::LayerAccessLevelsRequest:
@@ -121,7 +127,13 @@ HandlerOutcome RequestHandler::access(SessionState& session, DWBUffer& message)
 {
     const auto request = messages::AccessRequest::decode(message);
     Remarks remarks;
-    remarks.attempt([&] { session.passed = reader_.mayOpen(request.user, request.map); });
+    const auto gate = logins_.refusesAccess(session.address, request.user);
+    if (gate) {
+        session.passed = false;
+        remarks.add("; " + *gate);
+    } else {
+        remarks.attempt([&] { session.passed = reader_.mayOpen(request.user, request.map); });
+    }
     session.levels.reset();
     session.user = session.passed ? request.user : 0;
     session.map = session.passed ? request.map : 0;

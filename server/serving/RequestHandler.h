@@ -4,7 +4,9 @@
 #include "serving/AttributeUpdates.h"
 #include "serving/CellReplyCache.h"
 #include "protocol/DWBUffer.h"
+#include "login/LoginPolicy.h"
 #include "serving/HandlerOutcome.h"
+#include "serving/LoginService.h"
 #include "serving/Remarks.h"
 #include "serving/SessionState.h"
 #include "serving/SharedReply.h"
@@ -23,18 +25,21 @@ namespace orbelan::server {
 // the ones that change it.
 //
 // Until a connection has passed the access request, any other request but a
-// login closes it. Every counted request that can be read gets exactly one reply, an empty
+// login closes it. Unless the policy trusts the user ids, the access request
+// passes only for a user who logged in from the connection's address. Every counted request that can be read gets exactly one reply, an empty
 // one when its map, layer, cell, element or field does not exist or the user may not
 // see it. A request shorter than its fields, or with a code the server does
 // not answer, is dropped.
 class RequestHandler {
 public:
     explicit RequestHandler(Database& database,
-                            std::size_t cacheBudget = CellReplyCache::kDefaultBudget);
+                            std::size_t cacheBudget = CellReplyCache::kDefaultBudget,
+                            const LoginPolicy& policy = LoginPolicy::trustingUserIds());
 
     HandlerOutcome handle(SessionState& session, DWBUffer& message);
     // The memory the cached cell replies take, as the cache counts it.
     std::size_t cachedBytes() const { return cells_.bytes(); }
+    LoginService& logins() { return logins_; }
 
 private:
     HandlerOutcome dispatch(SessionState& session, std::int16_t code, DWBUffer& message);
@@ -58,6 +63,7 @@ private:
     AttributeQueries queries_;
     AttributeUpdates updates_;
     CellReplyCache cells_;
+    LoginService logins_;
     // Map definition replies already built, by map code (the definitions do
     // not change while the server runs).
     std::unordered_map<std::int32_t, SharedReply> definitions_;
