@@ -1,6 +1,8 @@
 #include "CountRows.h"
 #include "storage/Database.h"
 #include "demo/DemoBuilder.h"
+#include "login/PasswordHash.h"
+#include "storage/UserStore.h"
 #include "storage/MapReader.h"
 #include "demo/SantiagoGenerator.h"
 
@@ -73,6 +75,10 @@ TEST_F(DemoBuild, UsersDrawViewOrAreRefused)
     EXPECT_TRUE(reader.mayOpen(DemoBuilder::kAdmin, SantiagoGenerator::kMapCode));
     EXPECT_TRUE(reader.mayOpen(DemoBuilder::kViewer, SantiagoGenerator::kMapCode));
     EXPECT_FALSE(reader.mayOpen(DemoBuilder::kGuest, SantiagoGenerator::kMapCode));
+    UserStore users(database);
+    for (const std::string name : {"admin", "visor", "invitado"}) {
+        EXPECT_TRUE(PasswordHash::matches(users.byName(name)->passwordHash, name)) << name;
+    }
     EXPECT_EQ(reader.layerLevels(DemoBuilder::kAdmin, SantiagoGenerator::kMapCode).at(SantiagoGenerator::kStreetsLayer), 3);
     EXPECT_EQ(reader.layerLevels(DemoBuilder::kViewer, SantiagoGenerator::kMapCode).at(SantiagoGenerator::kPlacesLayer), 1);
 }

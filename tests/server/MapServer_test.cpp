@@ -9,6 +9,8 @@
 #include "protocol/messages/ElementChange.h"
 #include "protocol/messages/LayerAccessLevels.h"
 #include "protocol/messages/LayerAccessLevelsRequest.h"
+#include "protocol/messages/LoginAnswer.h"
+#include "protocol/messages/LoginRequest.h"
 #include "protocol/messages/MapDefinition.h"
 #include "protocol/messages/MapDefinitionRequest.h"
 #include "protocol/messages/MultipleAttributeUpdate.h"
@@ -227,13 +229,9 @@ TEST_F(MapServerTest, AccessIsRefusedAndARequestBeforeItClosesTheConnection)
     EXPECT_TRUE(refused.closedByServer());
 
     WireClient early(port);
-    DWBUffer login;
-    login.CrearHeader();
-    login.PutInteger(codeNumber(CommandCode::Login));
-    login.PutString("admin");
-    login.PutString("secreto");
-    login.cerrarMensaje(0);
-    early.sendBytes(login.buffer());
+    const auto login = early.ask<LoginAnswer>(LoginRequest{"admin", "secreto"});
+    ASSERT_TRUE(login);
+    EXPECT_FALSE(login->accepted()) << "the sample users have no password";
     const auto granted = early.ask<AccessAnswer>(AccessRequest{1, SampleStore::kMap});
     ASSERT_TRUE(granted && granted->granted()) << "a login does not close the connection";
 

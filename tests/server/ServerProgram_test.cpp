@@ -2,6 +2,8 @@
 #include "protocol/messages/AccessRequest.h"
 #include "protocol/messages/LayerAccessLevels.h"
 #include "protocol/messages/LayerAccessLevelsRequest.h"
+#include "protocol/messages/LoginAnswer.h"
+#include "protocol/messages/LoginRequest.h"
 #include "WireClient.h"
 
 #include <gtest/gtest.h>
@@ -24,10 +26,13 @@ struct ProgramRun {
     QString output;
 };
 
-ProgramRun runProgram(const QStringList& arguments)
+// input: what the program reads on stdin.
+ProgramRun runProgram(const QStringList& arguments, const QByteArray& input = {})
 {
     QProcess process;
     process.start(kProgram, arguments);
+    process.write(input);
+    process.closeWriteChannel();
     process.waitForFinished(120'000);
     return {process.exitCode(),
             QString::fromUtf8(process.readAllStandardOutput() + process.readAllStandardError())};
@@ -64,12 +69,24 @@ TEST(ServerProgram, TheCommandsBuildAStoreThatServeGivesToWireClients)
     EXPECT_EQ(runProgram({"user", "grant", "--db", store, "--user", "4", "--map", "1", "--level", "2"}).status, 0);
     EXPECT_EQ(runProgram({"user", "grant", "--db", store, "--user", "4", "--map", "1", "--level", "9"}).status, 1);
     EXPECT_EQ(runProgram({"nonsense"}).status, 1);
+    const QStringList passwd{"user", "passwd", "--db", store, "--name", "maría"};
+    const ProgramRun unknown = runProgram({"user", "passwd", "--db", store, "--name", "nadie"}, "clave\n");
+    EXPECT_EQ(unknown.status, 1);
+    EXPECT_TRUE(unknown.output.contains(QStringLiteral("no user named \"nadie\""))) << unknown.output.toStdString();
+    const ProgramRun empty = runProgram(passwd, "\n");
+    EXPECT_EQ(empty.status, 1);
+    EXPECT_TRUE(empty.output.contains(QStringLiteral("the password is empty"))) << empty.output.toStdString();
+    EXPECT_EQ(runProgram(passwd, "clave de maría\n").status, 0);
     QProcess server;
     const quint16 port = startServing(server, store);
     ASSERT_NE(port, 0);
 
+    WireClient login(port);
+    const auto loggedIn = login.ask<LoginAnswer>(LoginRequest{"maría", "clave de maría"});
+    ASSERT_TRUE(loggedIn);
+    EXPECT_EQ(loggedIn->userId, 4);
     WireClient refused(port);
-    EXPECT_FALSE(refused.ask<AccessAnswer>(AccessRequest{3, 1})->granted());
+    EXPECT_FALSE(refused.ask<AccessAnswer>(AccessRequest{1, 1})->granted()) << "admin has not logged in";
     WireClient granted(port);
     ASSERT_TRUE(granted.ask<AccessAnswer>(AccessRequest{4, 1})->granted());
     const auto grantedLevels = granted.ask<LayerAccessLevels>(LayerAccessLevelsRequest{4, {101, 102, 103}});

@@ -38,9 +38,10 @@ private:
 
 } // namespace
 
-ServerThread::ServerThread(QString databasePath, const ServingLimits& limits)
+ServerThread::ServerThread(QString databasePath, const ServingLimits& limits, LoginPolicy policy)
     : databasePath_(std::move(databasePath)),
-      limits_(limits)
+      limits_(limits),
+      policy_(std::move(policy))
 {
 }
 
@@ -72,7 +73,7 @@ void ServerThread::run()
     {
         Database database(databasePath_);
         ServerLog log(out, true);
-        MapServer server(database, log, limits_);
+        MapServer server(database, log, limits_, policy_);
         if (!server.listen(QHostAddress::LocalHost, 0)) {
             return;
         }

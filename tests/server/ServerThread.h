@@ -1,5 +1,6 @@
 #pragma once
 
+#include "login/LoginPolicy.h"
 #include "serving/ServingLimits.h"
 
 #include <QString>
@@ -14,8 +15,9 @@
 // thread of its own, so that tests may wait on their sockets blocking.
 class ServerThread : public QThread {
 public:
-    explicit ServerThread(QString databasePath,
-                          const orbelan::server::ServingLimits& limits = {});
+    explicit ServerThread(QString databasePath, const orbelan::server::ServingLimits& limits = {},
+                          orbelan::server::LoginPolicy policy =
+                              orbelan::server::LoginPolicy::trustingUserIds());
     ~ServerThread() override;
 
     // Starts the thread and waits until the server listens.
@@ -29,6 +31,7 @@ protected:
 private:
     QString databasePath_;
     orbelan::server::ServingLimits limits_;
+    orbelan::server::LoginPolicy policy_;
     std::atomic<quint16> port_{0};
     std::mutex logMutex_;
     std::ostringstream log_;
