@@ -33,9 +33,11 @@ struct DemoStore {
 // The server over a demo store, in a thread of its own.
 class ServerUnderLoad : public QThread {
 public:
-    explicit ServerUnderLoad(QString path, const server::ServingLimits& limits = {})
+    explicit ServerUnderLoad(QString path, const server::ServingLimits& limits = {},
+                             server::LoginPolicy policy = server::LoginPolicy::trustingUserIds())
         : path_(std::move(path)),
-          limits_(limits)
+          limits_(limits),
+          policy_(std::move(policy))
     {
     }
     ~ServerUnderLoad() override
@@ -58,7 +60,7 @@ protected:
         server::Database database(path_);
         std::ostringstream quiet;
         server::ServerLog log(quiet, false);
-        server::MapServer mapServer(database, log, limits_);
+        server::MapServer mapServer(database, log, limits_, policy_);
         if (mapServer.listen(QHostAddress::LocalHost, 0)) {
             port_ = mapServer.port();
             exec();
@@ -68,6 +70,7 @@ protected:
 private:
     QString path_;
     server::ServingLimits limits_;
+    server::LoginPolicy policy_;
     std::atomic<quint16> port_{0};
 };
 
