@@ -77,6 +77,11 @@ TEST(ServerProgram, TheCommandsBuildAStoreThatServeGivesToWireClients)
     EXPECT_EQ(empty.status, 1);
     EXPECT_TRUE(empty.output.contains(QStringLiteral("the password is empty"))) << empty.output.toStdString();
     EXPECT_EQ(runProgram(passwd, "clave de maría\n").status, 0);
+    for (const QStringList& wrong : {QStringList{"--client-version", "1.2"}, QStringList{"--login-valid-hours", "0"}}) {
+        const ProgramRun refused = runProgram(QStringList{"serve", "--db", store, "--port", "0"} + wrong);
+        EXPECT_EQ(refused.status, 1);
+        EXPECT_TRUE(refused.output.contains(wrong[0])) << refused.output.toStdString();
+    }
     QProcess server;
     const quint16 port = startServing(server, store);
     ASSERT_NE(port, 0);
