@@ -16,8 +16,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <QCoreApplication>
-
 #include <memory>
 #include <numeric>
 #include <stdexcept>
@@ -106,12 +104,3 @@ void BM_UpdateTenThousandParcels(benchmark::State& state)
 BENCHMARK(BM_UpdateTenThousandParcels)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-    QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -3,6 +3,7 @@
 
 #include "DemoServerThread.h"
 #include "LoadClient.h"
+#include "Percentile.h"
 #include "login/LoginPolicy.h"
 #include "login/PasswordHash.h"
 #include "protocol/messages/AccessAnswer.h"
@@ -15,8 +16,6 @@
 #include "protocol/messages/MapDefinitionRequest.h"
 
 #include <benchmark/benchmark.h>
-
-#include <QCoreApplication>
 
 #include <algorithm>
 #include <atomic>
@@ -38,13 +37,6 @@ constexpr int kLoginsPerConnection = 10;
 double milliseconds(Clock::duration duration)
 {
     return std::chrono::duration<double, std::milli>(duration).count();
-}
-
-double percentile(std::vector<double> values, double fraction)
-{
-    const auto index = static_cast<std::size_t>(fraction * static_cast<double>(values.size() - 1));
-    std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(index), values.end());
-    return values[index];
 }
 
 // The server's whole work for one login's password: the check with the
@@ -132,12 +124,3 @@ void BM_CellRequestsDuringALoginCrowd(benchmark::State& state)
 BENCHMARK(BM_CellRequestsDuringALoginCrowd)->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(3);
 
 } // namespace
-
-int main(int argc, char** argv)
-{
-    QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -6,6 +6,7 @@
 
 #include "DemoServerThread.h"
 #include "LoadClient.h"
+#include "Percentile.h"
 #include "protocol/messages/AccessAnswer.h"
 #include "protocol/messages/AccessRequest.h"
 #include "protocol/messages/CellGeometry.h"
@@ -74,14 +75,6 @@ std::vector<double> oneSession(quint16 port)
         }
     }
     return latencies;
-}
-
-double percentile(std::vector<double>& values, double fraction)
-{
-    const auto index = static_cast<std::size_t>(fraction * static_cast<double>(values.size() - 1));
-    std::nth_element(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(index),
-                     values.end());
-    return values[index];
 }
 
 void BM_SantiagoCellRequests(benchmark::State& state)
