@@ -1,6 +1,7 @@
 #include "login/LoginPolicy.h"
 #include "login/LoginThrottle.h"
 #include "login/PasswordHash.h"
+#include "login/PasswordHasher.h"
 #include "protocol/messages/AccessAnswer.h"
 #include "protocol/messages/AccessRequest.h"
 #include "protocol/messages/ChangePasswordAnswer.h"
@@ -18,8 +19,11 @@
 
 #include <atomic>
 #include <chrono>
+#include <map>
 #include <memory>
 #include <string>
+
+#include <poll.h>
 
 using namespace orbelan;
 using namespace orbelan::messages;
@@ -185,6 +189,33 @@ TEST(LoginThrottle, TheWaitStopsAtItsCapAndTheTableKeepsWithinItsSize)
     EXPECT_EQ(throttle.waitLeft("a", start), 0s) << "the key that failed longest ago went";
     throttle.failed("d", start + 3h);
     EXPECT_EQ(throttle.size(), 1u) << "quiet keys are forgotten";
+}
+
+TEST(PasswordHasher, AFullQueueRefusesAndEveryCheckComesBackThroughTheDescriptor)
+{
+    PasswordHasher hasher(1, 1);
+    const std::string hash = PasswordHash::make("a");
+    std::size_t accepted = 0;
+    for (std::uint64_t ticket = 1; ticket <= 3; ++ticket) {
+        accepted += hasher.submit({ticket, hash, ticket == 1 ? "a" : "b", std::string("c")}) ? 1 : 0;
+    }
+    EXPECT_LT(accepted, 3u) << "one thread and a queue of one take two checks at most";
+    std::map<std::uint64_t, PasswordHasher::Result> results;
+    pollfd ready{hasher.descriptor(), POLLIN, 0};
+    while (results.size() < accepted && ::poll(&ready, 1, 10'000) == 1) {
+        for (PasswordHasher::Result& result : hasher.take()) {
+            results.emplace(result.ticket, std::move(result));
+        }
+    }
+    ASSERT_EQ(results.size(), accepted);
+    EXPECT_TRUE(results.at(1).matched);
+    EXPECT_TRUE(PasswordHash::matches(results.at(1).newHash, "c"));
+    for (const auto& [ticket, result] : results) {
+        if (ticket != 1) {
+            EXPECT_FALSE(result.matched);
+            EXPECT_TRUE(result.newHash.empty()) << "no new hash without the right password";
+        }
+    }
 }
 
 } // namespace
