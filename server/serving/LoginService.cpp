@@ -47,8 +47,8 @@ HandlerOutcome LoginService::login(const SessionState& session, DWBUffer& messag
     auto request = messages::LoginRequest::decode(message);
     Pending pending{session.connection, 0, request.user, session.address,
                     "login of " + printable(request.user) + " from " + session.address, false};
-    if (const auto wait = waitLeft(session.address, request.user); wait.count() > 0) {
-        return refused(pending, "too many failures, retry in " + std::to_string(wait.count()) + " s");
+    if (auto waiting = mustWait(pending)) {
+        return std::move(*waiting);
     }
     const auto user = users_.byName(request.user);
     if (!user || user->passwordHash.empty()) {
@@ -78,8 +78,8 @@ HandlerOutcome LoginService::changePassword(const SessionState& session, DWBUffe
         return refused(pending, "the user has no password");
     }
     pending.name = user->name;
-    if (const auto wait = waitLeft(session.address, user->name); wait.count() > 0) {
-        return refused(pending, "too many failures, retry in " + std::to_string(wait.count()) + " s");
+    if (auto waiting = mustWait(pending)) {
+        return std::move(*waiting);
     }
     return check(std::move(pending), {0, user->passwordHash, std::move(request.oldPassword),
                                       std::move(request.newPassword)});
@@ -95,11 +95,15 @@ std::optional<std::string> LoginService::refusesAccess(const std::string& addres
            std::to_string(policy_.validity.count()) + " h";
 }
 
-std::chrono::seconds LoginService::waitLeft(const std::string& address,
-                                            const std::string& name) const
+std::optional<HandlerOutcome> LoginService::mustWait(const Pending& pending) const
 {
     const LoginTime now = policy_.clock();
-    return std::max(byAddress_.waitLeft(address, now), byName_.waitLeft(name, now));
+    const std::chrono::seconds wait =
+        std::max(byAddress_.waitLeft(pending.address, now), byName_.waitLeft(pending.name, now));
+    if (wait.count() == 0) {
+        return std::nullopt;
+    }
+    return refused(pending, "too many failures, retry in " + std::to_string(wait.count()) + " s");
 }
 
 void LoginService::failed(const Pending& pending)

@@ -60,7 +60,8 @@ private:
         bool change = false;
     };
 
-    std::chrono::seconds waitLeft(const std::string& address, const std::string& name) const;
+    // The refusal of an attempt while its address or name must still wait.
+    std::optional<HandlerOutcome> mustWait(const Pending& pending) const;
     void failed(const Pending& pending);
     HandlerOutcome check(Pending pending, PasswordHasher::Job job);
     HandlerOutcome refused(const Pending& pending, const std::string& why) const;
