@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <utility>
 #include <vector>
 
 class QTcpSocket;
@@ -43,13 +44,20 @@ public:
     void write(int connection, const Bytes& bytes);
     // Closes the connection from the server's side once written out.
     void drop(int connection);
+    // From now on, every connection that has received a whole message (as
+    // its header's length says) is answered with these bytes, once; for
+    // callers that cannot turn the event loop themselves while they wait.
+    void answerEachRequest(Bytes reply) { answer_ = std::move(reply); }
 
 private:
     void accept();
+    void receive(std::size_t index);
 
     QTcpServer server_;
     std::vector<QTcpSocket*> connections_;
     std::vector<Bytes> received_;
+    std::vector<bool> answered_;
+    Bytes answer_;
 };
 
 } // namespace orbelan::nettest
