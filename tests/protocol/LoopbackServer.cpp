@@ -3,6 +3,7 @@
 #include <QTcpSocket>
 #include <QTest>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace orbelan::nettest {
@@ -71,13 +72,13 @@ void LoopbackServer::receive(std::size_t index)
     Bytes& bytes = received_[index];
     bytes.insert(bytes.end(), data.begin(), data.end());
     constexpr std::size_t kHeader = 8;
-    if (answer_.empty() || answered_[index] || bytes.size() < kHeader) {
+    if (answers_.empty() || answered_[index] || bytes.size() < kHeader) {
         return;
     }
     const std::size_t length = bytes[4] | bytes[5] << 8 | bytes[6] << 16 | std::size_t(bytes[7]) << 24;
     if (bytes.size() >= length) {
         answered_[index] = true;
-        write(static_cast<int>(index), answer_);
+        write(static_cast<int>(index), answers_[std::min(index, answers_.size() - 1)]);
     }
 }
 

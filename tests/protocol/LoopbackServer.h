@@ -44,10 +44,11 @@ public:
     void write(int connection, const Bytes& bytes);
     // Closes the connection from the server's side once written out.
     void drop(int connection);
-    // From now on, every connection that has received a whole message (as
-    // its header's length says) is answered with these bytes, once; for
-    // callers that cannot turn the event loop themselves while they wait.
-    void answerEachRequest(Bytes reply) { answer_ = std::move(reply); }
+    // From now on, a connection that has received a whole message (as its
+    // header's length says) is answered once: connection n with the nth
+    // reply, later ones with the last. For callers that cannot turn the
+    // event loop themselves while they wait.
+    void answerEachRequest(std::vector<Bytes> replies) { answers_ = std::move(replies); }
 
 private:
     void accept();
@@ -57,7 +58,7 @@ private:
     std::vector<QTcpSocket*> connections_;
     std::vector<Bytes> received_;
     std::vector<bool> answered_;
-    Bytes answer_;
+    std::vector<Bytes> answers_;
 };
 
 } // namespace orbelan::nettest
