@@ -39,7 +39,8 @@ int main(int argc, char* argv[])
                          viewer.setMapCode(mapCodes.front());
                          viewer.show();
                      });
-    login.Checklogin(host, port, arguments.value(3, QStringLiteral("admin")), arguments.value(4, QStringLiteral("admin")));
+    login.Checklogin(host, port, arguments.value(3, QStringLiteral("admin")),
+                     arguments.value(4, QStringLiteral("admin")));
     if (!login.awaitingReply()) {
         return 1;
     }

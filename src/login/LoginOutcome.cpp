@@ -24,7 +24,9 @@ LoginOutcome acceptedLogin(const messages::LoginAnswer& answer, UpdateNotice not
 
 UpdateNotice updateNotice(const QVersionNumber& server, const QVersionNumber& client)
 {
-    const auto majorMinor = [](const QVersionNumber& version) { return QVersionNumber(version.majorVersion(), version.minorVersion()); };
+    const auto majorMinor = [](const QVersionNumber& version) {
+        return QVersionNumber(version.majorVersion(), version.minorVersion());
+    };
     if (majorMinor(client) < majorMinor(server)) {
         return UpdateNotice::Mandatory;
     }

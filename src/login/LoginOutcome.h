@@ -24,7 +24,6 @@ struct LoginOutcome {
 
     // A reply that is not a login answer, or not a whole one.
     static LoginOutcome foreign() { return {}; }
-    bool operator==(const LoginOutcome&) const = default;
 };
 
 // A client older in its major or minor part must update; one older only in

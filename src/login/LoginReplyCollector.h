@@ -22,7 +22,6 @@ public:
     // Forgets what was collected; the next byte starts a new reply.
     void reset();
     Progress feed(std::span<const std::uint8_t> bytes);
-    Progress progress() const { return progress_; }
     // The whole reply, read position at byte 1; empty until Complete.
     DWBUffer& reply() { return reply_; }
 

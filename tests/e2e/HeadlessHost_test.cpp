@@ -130,7 +130,9 @@ TEST_F(HeadlessHostTest, LoginPrintsItsAnswerAndChangePasswordReachesTheServer)
     using namespace orbelan::messages;
     nettest::LoopbackServer loginServer;
     nettest::LoopbackServer mapServer;
-    const auto bytesOf = [](const DWBUffer& message) { return Bytes(message.bytes().begin(), message.bytes().end()); };
+    const auto bytesOf = [](const DWBUffer& message) {
+        return Bytes(message.bytes().begin(), message.bytes().end());
+    };
     loginServer.answerEachRequest({bytesOf(buildMessage(LoginAnswer{7, {}, {{1, "Santiago"}, {3, "Viña del Mar"}}}))});
     mapServer.answerEachRequest({bytesOf(buildMessage(ChangePasswordAnswer{0}))});
     viewer.setIDUser(7);
