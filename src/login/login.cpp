@@ -53,7 +53,9 @@ void login::setUiServices(UiServices& services)
     ui_ = &services;
 }
 
-void login::Checklogin(const QString& RemoteHost, int RemotePort, const QString& login, const QString& passwd)
+// The parameter the host knows as login is named apart here, where "login"
+// is the class.
+void login::Checklogin(const QString& RemoteHost, int RemotePort, const QString& userName, const QString& passwd)
 {
     awaitingReply_ = false;
     socket_->Close();
@@ -63,7 +65,7 @@ void login::Checklogin(const QString& RemoteHost, int RemotePort, const QString&
         showConnectionFailure(*ui_, this);
         return;
     }
-    sendLogin(login, passwd);
+    sendLogin(userName, passwd);
 }
 
 void login::sendLogin(const QString& user, const QString& password)
