@@ -14,7 +14,7 @@ using ChangePasswordLoader = SessionHarness;
 TEST_F(ChangePasswordLoader, TellsAChangedOrAWrongPasswordAndNothingElse)
 {
     requests.pending = 1;
-    for (const std::int16_t result : {0, 1, 2, -1}) {
+    for (const std::int16_t result : {std::int16_t{0}, std::int16_t{1}, std::int16_t{2}, std::int16_t{-1}}) {
         reply(messages::ChangePasswordAnswer{result});
     }
     ASSERT_EQ(ui.messages().size(), 2u);
