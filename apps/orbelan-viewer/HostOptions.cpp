@@ -88,7 +88,12 @@ std::optional<HostOptions> HostOptions::parse(const QStringList& arguments, int&
             ok = false;
         }
     } else {
-        options.user = integer(parser, "user", ok);
+        bool userOk = true;
+        options.user = integer(parser, "user", userOk);
+        if (!userOk) {
+            std::cerr << "orbelan-viewer: a user name logs in with --password\n";
+            ok = false;
+        }
     }
     options.map = integer(parser, "map", ok);
     options.toolTipLayer = integer(parser, "tooltip", ok);
