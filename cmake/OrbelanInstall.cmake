@@ -1,23 +1,25 @@
 # What `cmake --install` puts where a host application finds it with
-# find_package(Orbelan): the component's libraries, the headers of its host
-# API, the package files, and the two programs.
+# find_package(Orbelan): the component's libraries (Orbelan::Viewer,
+# Orbelan::Login), the headers of its host API, the package files, and the
+# two programs.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(ORBELAN_COMPONENT_LIBRARIES
   orbelan_wire orbelan_messages orbelan_net orbelan_model orbelan_projection
-  orbelan_ui orbelan_view orbelan_render orbelan_query orbelan_session orbelan_viewer)
+  orbelan_ui orbelan_view orbelan_render orbelan_query orbelan_session orbelan_viewer orbelan_login)
 
 install(TARGETS ${ORBELAN_COMPONENT_LIBRARIES}
   EXPORT OrbelanTargets
   ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
 install(TARGETS orbelan-viewer orbelan-server RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
-# The host API: the Viewer, its property bags and message-box services, the
-# view it reports and the map model it hands out.
+# The host API: the Viewer and the login control, the Viewer's property bags,
+# their message-box services, the view it reports and the map model it hands out.
 install(FILES
   src/viewer/Viewer.h src/viewer/PropertyBag.h src/viewer/SettingsPropertyBag.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/viewer)
+install(FILES src/login/login.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/login)
 install(FILES src/ui/UiServices.h src/ui/WidgetUiServices.h src/ui/ScriptedUiServices.h
   DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/ui)
 install(FILES src/view/Viewport.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/view)

@@ -2,9 +2,10 @@
 # The main job: installs what is missing, builds everything into build/,
 # builds the demo map store build/demo.sqlite when it is missing, starts
 # orbelan-server on 127.0.0.1:10010 and then the host application
-# orbelan-viewer connected to it as user 1 on map 1 (Santiago). The server
-# stops when the viewer exits. Arguments go to orbelan-viewer and win over
-# those defaults (for example --user 2 --map 3).
+# orbelan-viewer, which logs in as the demo's admin (password admin) and
+# opens map 1 (Santiago). The server stops when the viewer exits. Arguments
+# go to orbelan-viewer and win over those defaults (for example
+# --user visor --password visor --map 3).
 # Without a display the host runs headless, reading commands from stdin.
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -39,7 +40,7 @@ for _ in $(seq 50); do
 done
 
 # The tooltip names the street under the resting mouse.
-viewer=(build/bin/orbelan-viewer --url 127.0.0.1 --port "$port" --user 1 --map 1 --tooltip 101)
+viewer=(build/bin/orbelan-viewer --url 127.0.0.1 --port "$port" --user admin --password admin --map 1 --tooltip 101)
 if [[ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]]; then
   "${viewer[@]}" "$@"
 else

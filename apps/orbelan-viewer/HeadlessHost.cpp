@@ -149,6 +149,7 @@ HeadlessHost::HeadlessHost(Viewer& viewer, ScriptedUiServices& ui, std::ostream&
       ui_(ui),
       out_(out)
 {
+    login_.setUiServices(ui);
     addCommands();
     reportEvents();
 }
@@ -175,6 +176,7 @@ void HeadlessHost::addCommands()
         {"layers", bind(&HeadlessHost::printLayers)},
         {"layer-visibility", bind(&HeadlessHost::setLayerVisibility)},
         {"EditInfo", bind(&HeadlessHost::editInfo)},
+        {"login", bind(&HeadlessHost::checkLogin)},
         {"quit", [this](const QStringList&) { quit(); }},
     };
 }
@@ -455,6 +457,43 @@ void HeadlessHost::editInfo(const QStringList& arguments)
         fieldInfo = values;
     }
     viewer_.EditInfo(*layer, *element, fieldInfo);
+}
+
+// login HOST PORT USER PASSWORD: the answer is printed, nothing is applied.
+void HeadlessHost::checkLogin(const QStringList& arguments)
+{
+    const auto port = arguments.size() == 4 ? toInt(arguments[1]) : std::nullopt;
+    if (!port) {
+        error(QStringLiteral("login needs HOST PORT USER PASSWORD"));
+        return;
+    }
+    logIn(arguments[0], *port, arguments[2], arguments[3]);
+}
+
+std::optional<LoginResult> HeadlessHost::logIn(const QString& host, int port, const QString& user,
+                                               const QString& password)
+{
+    const auto answer = waitForLogin(login_, host, port, user, password);
+    if (answer) {
+        print(QStringLiteral("event LoginResponse %1 %2 %3 %4")
+                  .arg(answer->user)
+                  .arg(answer->count)
+                  .arg(formatValue(answer->names), formatValue(QVariant::fromValue(answer->codes))));
+    } else if (login_.awaitingReply()) {
+        error(QStringLiteral("login: no answer within %1 s").arg(kLoginAnswerLimit.count()));
+    }
+    return answer;
+}
+
+bool HeadlessHost::logInControl(const QString& user, const QString& password, std::optional<int> map)
+{
+    const auto answer = logIn(viewer_.URL(), viewer_.port(), user, password);
+    if (!answer || !answer->accepted()) {
+        error(QStringLiteral("login as %1 was not accepted").arg(quote(user)));
+        return false;
+    }
+    applyLogin(viewer_, *answer, map);
+    return true;
 }
 
 // Clicks an item of one of the control's pop-up menus, whether the menu is

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "login/login.h"
+#include "orbelan-viewer/LoginWait.h"
+
 #include <QByteArray>
 #include <QObject>
 #include <QStringList>
@@ -7,6 +10,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <optional>
 #include <ostream>
 
 class QLabel;
@@ -35,6 +39,12 @@ public:
     // control's image. False, with an error line, when that takes longer
     // than the given seconds or the image cannot be written.
     bool snapshotWhenLoaded(const QString& path, int seconds);
+    // Logs in with the host's login control and prints its LoginResponse as
+    // an event line; nothing, after an error line, when no answer came.
+    std::optional<LoginResult> logIn(const QString& host, int port, const QString& user, const QString& password);
+    // Logs in at the control's server and, accepted, gives the control the
+    // user and the map (as applyLogin chooses it); false after an error line.
+    bool logInControl(const QString& user, const QString& password, std::optional<int> map);
 
 protected:
     // Reports the control's tooltip each time its box comes into view.
@@ -68,6 +78,7 @@ private:
     void printLayers(const QStringList& arguments);
     void setLayerVisibility(const QStringList& arguments);
     void editInfo(const QStringList& arguments);
+    void checkLogin(const QStringList& arguments);
 
     bool saveImage(const QString& path);
     bool failureShown() const;
@@ -76,6 +87,7 @@ private:
 
     Viewer& viewer_;
     ScriptedUiServices& ui_;
+    login login_;
     std::ostream& out_;
     // Taken at the start, as the filter also sees the box's events while
     // the control is being destroyed.

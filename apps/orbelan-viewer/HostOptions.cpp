@@ -52,7 +52,8 @@ std::optional<HostOptions> HostOptions::parse(const QStringList& arguments, int&
     parser.addOptions({
         {"url", "Map server host (overrides the saved URL property).", "HOST"},
         {"port", "Map server port (overrides the saved port property).", "N"},
-        {"user", "User id (IDUser).", "ID"},
+        {"user", "User id (IDUser); with --password, the user name to log in with.", "ID|NAME"},
+        {"password", "Log in as --user with this password instead of asking.", "PW"},
         {"map", "Map code (MapCode).", "CODE"},
         {"tooltip", "Show the label of LAYER's element under the resting mouse (SetToolTip).", "LAYER"},
         {"size", "Size of the control, for example 800x600.", "WxH"},
@@ -79,7 +80,21 @@ std::optional<HostOptions> HostOptions::parse(const QStringList& arguments, int&
         options.url = parser.value("url");
     }
     options.port = integer(parser, "port", ok, 0, kHighestPort);
-    options.user = integer(parser, "user", ok);
+    if (parser.isSet("password")) {
+        options.password = parser.value("password");
+        options.userName = parser.value("user");
+        if (options.userName->isEmpty()) {
+            std::cerr << "orbelan-viewer: --password needs --user NAME\n";
+            ok = false;
+        }
+    } else {
+        bool userOk = true;
+        options.user = integer(parser, "user", userOk);
+        if (!userOk) {
+            std::cerr << "orbelan-viewer: a user name logs in with --password\n";
+            ok = false;
+        }
+    }
     options.map = integer(parser, "map", ok);
     options.toolTipLayer = integer(parser, "tooltip", ok);
     if (parser.isSet("size")) {

@@ -12,7 +12,11 @@ namespace orbelan {
 struct HostOptions {
     std::optional<QString> url;
     std::optional<int> port;
+    // --user without --password: the user's id, trusted as it is.
     std::optional<int> user;
+    // --user with --password: the name and password to log in with.
+    std::optional<QString> userName;
+    std::optional<QString> password;
     std::optional<int> map;
     // The layer whose labels the map tooltip shows (SetToolTip).
     std::optional<int> toolTipLayer;

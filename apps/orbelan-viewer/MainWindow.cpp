@@ -2,6 +2,8 @@
 
 #include "orbelan-viewer/EventRelay.h"
 #include "orbelan-viewer/LineFormat.h"
+#include "orbelan-viewer/dlgChangePassword.h"
+#include "ui/UiServices.h"
 #include "model/Layers.h"
 #include "viewer/Viewer.h"
 #include "viewer/tools/ToolCursors.h"
@@ -74,8 +76,9 @@ QIcon iconOf(const ToolButton& button)
 
 } // namespace
 
-MainWindow::MainWindow(Viewer* viewer)
-    : viewer_(viewer)
+MainWindow::MainWindow(Viewer* viewer, UiServices& ui)
+    : viewer_(viewer),
+      ui_(ui)
 {
     setWindowTitle(QStringLiteral("Orbelan Viewer"));
     setCentralWidget(viewer_);
@@ -109,6 +112,8 @@ void MainWindow::addToolBar()
 void MainWindow::addMenus()
 {
     QMenu* file = menuBar()->addMenu(tr("&File"));
+    file->addAction(tr("Change password…"), this, &MainWindow::changePassword)
+        ->setObjectName(QStringLiteral("mnuChangePassword"));
     file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
 
     QMenu* map = menuBar()->addMenu(tr("&Map"));
@@ -122,6 +127,14 @@ void MainWindow::addMenus()
         }
         map->addAction(QString::fromUtf8(method.name()), this,
                        [this, method] { method.invoke(viewer_, Qt::DirectConnection); });
+    }
+}
+
+void MainWindow::changePassword()
+{
+    dlgChangePassword form(ui_, this);
+    if (ui_.execDialog(form) == QDialog::Accepted) {
+        viewer_->ChangePassword(form.oldPassword(), form.newPassword());
     }
 }
 

@@ -4,7 +4,9 @@
 #include "orbelan-viewer/HeadlessHost.h"
 #include "orbelan-viewer/HostOptions.h"
 #include "orbelan-viewer/MainWindow.h"
+#include "orbelan-viewer/WindowLogin.h"
 #include "ui/ScriptedUiServices.h"
+#include "ui/WidgetUiServices.h"
 #include "viewer/SettingsPropertyBag.h"
 #include "viewer/Viewer.h"
 
@@ -48,6 +50,10 @@ int runHeadless(std::unique_ptr<Viewer> viewer, const HostOptions& options)
     ScriptedUiServices ui;
     viewer->setUiServices(ui);
     HeadlessHost host(*viewer, ui, std::cout);
+    // With --password the host logs in before the control first shows.
+    if (options.password && !host.logInControl(*options.userName, *options.password, options.map)) {
+        return 1;
+    }
     if (options.show) {
         viewer->show();
     }
@@ -68,9 +74,15 @@ int runHeadless(std::unique_ptr<Viewer> viewer, const HostOptions& options)
     return status;
 }
 
-int runWindow(Viewer* viewer, const HostOptions& options, PropertyBag& bag)
+// Without a user given on the command line, the login form asks for one.
+int runWindow(Viewer* viewer, const HostOptions& options, PropertyBag& bag, QSettings& settings)
 {
-    MainWindow window(viewer);
+    WidgetUiServices ui;
+    if (!options.user && !logInForWindow(*viewer, options, ui, settings)) {
+        delete viewer;
+        return 0;
+    }
+    MainWindow window(viewer, ui);
     window.resize(options.size);
     if (options.show) {
         window.show();
@@ -106,5 +118,5 @@ int main(int argc, char** argv)
     if (options->headless) {
         return runHeadless(std::move(viewer), *options);
     }
-    return runWindow(viewer.release(), *options, bag);
+    return runWindow(viewer.release(), *options, bag, *settings);
 }

@@ -3,6 +3,7 @@
 #include "session/AccessLoader.h"
 #include "session/CellFieldValuesLoader.h"
 #include "session/CellGeometryLoader.h"
+#include "session/ChangePasswordLoader.h"
 #include "session/ElementBoxLoader.h"
 #include "session/ElementChangeLoader.h"
 #include "session/ElementInformationLoader.h"
@@ -49,6 +50,7 @@ constexpr std::array kRoutes = {
     Route{ElementInformation, loadElementInformation},
     Route{FindByConditionResult, loadFindResult},
     Route{ResultTable, loadResultTable},
+    Route{ChangePasswordAnswer, loadChangePasswordAnswer},
 };
 
 const Route* routeOf(CommandCode code)

@@ -1,6 +1,7 @@
 #include "session/MapSession.h"
 
 #include "protocol/messages/AccessRequest.h"
+#include "protocol/messages/ChangePasswordRequest.h"
 #include "protocol/messages/ConstrainedElementQuery.h"
 #include "protocol/messages/ElementBoundingBoxRequest.h"
 #include "protocol/messages/ElementInformationRequest.h"
@@ -8,25 +9,9 @@
 #include "session/CommandDispatcher.h"
 #include "model/MapDocument.h"
 #include "session/SessionEvents.h"
-#include "ui/UiServices.h"
+#include "ui/ConnectionFailure.h"
 
 namespace orbelan {
-
-namespace {
-
-const QString kConnectionFailure = QStringLiteral(
-    "Error: Unable to connect to map server.\r\n"
-    "\r\n"
-    "Orbelan uses port 1001 to communicate with the map\r\n"
-    "server and now this port is blocked.\r\n"
-    "May be the port is blocked by: \r\n"
-    "\t1.- Network Firewall or personal Firewall\r\n"
-    "\t2.- Network Proxy\r\n"
-    "\r\n"
-    "Please contact your LAN Manager to enable the port 1001\r\n"
-    "to communicate between your computer and Orbelan.");
-
-} // namespace
 
 MapSession::MapSession(MapDocument& document, const Viewport& view, UiServices& ui, SessionEvents& events)
     : document_(document),
@@ -103,6 +88,11 @@ void MapSession::queryElements(const messages::ConstrainedElementQuery& query, s
     sendMessage(connection_, query);
 }
 
+void MapSession::changePassword(const std::string& oldPassword, const std::string& newPassword)
+{
+    sendMessage(connection_, messages::ChangePasswordRequest{document_.IDUser, oldPassword, newPassword});
+}
+
 void MapSession::identify()
 {
     sendMessage(connection_, messages::AccessRequest{document_.IDUser, document_.MapCode});
@@ -110,8 +100,7 @@ void MapSession::identify()
 
 void MapSession::tellConnectionFailure()
 {
-    ui_->messageBox(events_.dialogParent(), kConnectionFailure, MessageButtons::OK, MessageIcon::Critical,
-                    QStringLiteral("Orbelan Viewer"));
+    showConnectionFailure(*ui_, events_.dialogParent());
 }
 
 void MapSession::forgetLostRequests()

@@ -75,6 +75,8 @@ public:
     // Asks for the elements of the query; the reply shows them in the
     // information grid when mode is -1, as a list when it is 0.
     void queryElements(const messages::ConstrainedElementQuery& query, std::int32_t mode);
+    // Asks the server to change the password of the document's user.
+    void changePassword(const std::string& oldPassword, const std::string& newPassword);
 
 private:
     void installDispatcher(UiServices& ui);

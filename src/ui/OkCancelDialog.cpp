@@ -31,6 +31,9 @@ OkCancelDialog::OkCancelDialog(const QString& name, const QString& title, QWidge
 
 void OkCancelDialog::confirmAndClose()
 {
+    if (!acceptable()) {
+        return;
+    }
     confirm();
     cancelled_ = false;
     accept();

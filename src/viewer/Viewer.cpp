@@ -293,6 +293,13 @@ void Viewer::MeasureDistance()
 void Viewer::SetDirections(int IDLayer) { guarded(*this, "SetDirections", [&] { d_->setDirections(IDLayer); }); }
 void Viewer::SelectObjects(int IDLayer) { guarded(*this, "SelectObjects", [&] { d_->selectObjects(IDLayer); }); }
 
+void Viewer::ChangePassword(const QString& OldPassword, const QString& NewPassword)
+{
+    guarded(*this, "ChangePassword", [&] {
+        d_->session().changePassword(OldPassword.toStdString(), NewPassword.toStdString());
+    });
+}
+
 void Viewer::GetInfo(int IDLayer, int IDElement, bool ReleaseEvent)
 {
     guarded(*this, "GetInfo", [&] { d_->getInfo(IDLayer, IDElement, ReleaseEvent); });

@@ -219,6 +219,9 @@ public:
     // mouse; layer 0 switches the tooltip off. The field name is kept, but
     // the text shown is always the layer's label.
     Q_INVOKABLE void SetToolTip(int IDLayer, const QString& ToolTipField);
+    // Asks the server to change the password of the user IDUser; the answer
+    // is told in a message box.
+    Q_INVOKABLE void ChangePassword(const QString& OldPassword, const QString& NewPassword);
     // Asks for the grid cells of the view never asked for: geometry of every
     // visible layer, label and direction values where those show.
     void RequestMissingCells();

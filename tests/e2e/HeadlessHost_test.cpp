@@ -3,6 +3,13 @@
 // layer of parks.
 
 #include "orbelan-viewer/HeadlessHost.h"
+#include "LoopbackServer.h"
+#include "protocol/messages/AccessRequest.h"
+#include "protocol/messages/ChangePasswordAnswer.h"
+#include "protocol/messages/ChangePasswordRequest.h"
+#include "protocol/messages/LoginAnswer.h"
+#include "protocol/messages/LoginRequest.h"
+#include "protocol/messages/MessageIO.h"
 #include "ui/ScriptedUiServices.h"
 #include "model/Layers.h"
 #include "viewer/Viewer.h"
@@ -113,6 +120,38 @@ TEST_F(HeadlessHostTest, EditInfoValuesAndTheInfoArrivalLine)
                          "error \"EditInfo: layer 3 has no field \\\"AREA\\\"\"\n"
                          "error \"EditInfo needs a layer, an element and optional FIELD=VALUE pairs\"\n"
                          "event InfoArrival 3 1 [\"NOMBRE\",\"AREA\"] [202,5] [\"Bosque\",\"2.5\"]\n");
+}
+
+// login prints the answer in the list grammar and waits for it, whatever
+// else is queued; ChangePassword is a method call that goes over the
+// control's own connection as its user, and its answer is told.
+TEST_F(HeadlessHostTest, LoginPrintsItsAnswerAndChangePasswordReachesTheServer)
+{
+    using namespace orbelan::messages;
+    nettest::LoopbackServer loginServer;
+    nettest::LoopbackServer mapServer;
+    const auto bytesOf = [](const DWBUffer& message) {
+        return Bytes(message.bytes().begin(), message.bytes().end());
+    };
+    loginServer.answerEachRequest({bytesOf(buildMessage(LoginAnswer{7, {}, {{1, "Santiago"}, {3, "Viña del Mar"}}}))});
+    mapServer.answerEachRequest({bytesOf(buildMessage(ChangePasswordAnswer{0}))});
+    viewer.setIDUser(7);
+    viewer.setMapCode(2);
+    const QString commands = QStringLiteral("login 127.0.0.1 %1 admin \"dos palabras\"\nlogin 127.0.0.1 x admin admin\n"
+                                            "set URL 127.0.0.1\nset port %2\nChangePassword vieja nueva\n")
+                                 .arg(loginServer.port())
+                                 .arg(mapServer.port());
+    ASSERT_TRUE(run(commands.toUtf8().constData()));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return out.str().find("msgbox") != std::string::npos; }));
+    EXPECT_EQ(out.str(), "event LoginResponse 7 2 [\"Santiago\",\"Viña del Mar\"] [1,3]\n"
+                         "error \"login needs HOST PORT USER PASSWORD\"\n"
+                         "msgbox information \"Change Password\" \"Password succesfully changed\"\n");
+    EXPECT_EQ(loginServer.received(0), bytesOf(buildMessage(LoginRequest{"admin", "dos palabras"})));
+    Bytes expected = bytesOf(buildMessage(AccessRequest{7, 2}));
+    const Bytes change = bytesOf(buildMessage(ChangePasswordRequest{7, "vieja", "nueva"}));
+    expected.insert(expected.end(), change.begin(), change.end());
+    ASSERT_TRUE(mapServer.waitForReceived(0, expected.size()));
+    EXPECT_EQ(mapServer.received(0), expected);
 }
 
 } // namespace

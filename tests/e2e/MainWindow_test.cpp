@@ -1,5 +1,6 @@
 #include "orbelan-viewer/MainWindow.h"
 #include "model/Layers.h"
+#include "ui/ScriptedUiServices.h"
 #include "viewer/Viewer.h"
 #include "view/Viewport.h"
 
@@ -27,7 +28,8 @@ TEST(MainWindow, TheMapMenuOffersTheControlsCommandsButNoQueries)
 {
     auto* viewer = new orbelan::Viewer;
     viewer->setUserMode(false);
-    orbelan::MainWindow window(viewer);
+    orbelan::ScriptedUiServices ui;
+    orbelan::MainWindow window(viewer, ui);
     const auto menus = window.menuBar()->findChildren<QMenu*>();
     const auto map = std::find_if(menus.begin(), menus.end(),
                                   [](const QMenu* menu) { return menu->title() == "&Map"; });
@@ -45,7 +47,8 @@ TEST(MainWindow, TheToolBarFollowsTheCurrentTool)
 {
     auto* viewer = new orbelan::Viewer;
     viewer->setUserMode(false);
-    orbelan::MainWindow window(viewer);
+    orbelan::ScriptedUiServices ui;
+    orbelan::MainWindow window(viewer, ui);
     const QList<QAction*> buttons = window.findChild<QToolBar*>("tbTools")->actions();
     ASSERT_EQ(buttons.size(), 7);
     buttons[3]->trigger();

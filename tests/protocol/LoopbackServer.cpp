@@ -3,6 +3,7 @@
 #include <QTcpSocket>
 #include <QTest>
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace orbelan::nettest {
@@ -60,10 +61,24 @@ void LoopbackServer::accept()
         const std::size_t index = connections_.size();
         connections_.push_back(socket);
         received_.emplace_back();
-        connect(socket, &QIODevice::readyRead, this, [this, socket, index] {
-            const QByteArray data = socket->readAll();
-            received_[index].insert(received_[index].end(), data.begin(), data.end());
-        });
+        answered_.push_back(false);
+        connect(socket, &QIODevice::readyRead, this, [this, index] { receive(index); });
+    }
+}
+
+void LoopbackServer::receive(std::size_t index)
+{
+    const QByteArray data = connections_[index]->readAll();
+    Bytes& bytes = received_[index];
+    bytes.insert(bytes.end(), data.begin(), data.end());
+    constexpr std::size_t kHeader = 8;
+    if (answers_.empty() || answered_[index] || bytes.size() < kHeader) {
+        return;
+    }
+    const std::size_t length = bytes[4] | bytes[5] << 8 | bytes[6] << 16 | std::size_t(bytes[7]) << 24;
+    if (bytes.size() >= length) {
+        answered_[index] = true;
+        write(static_cast<int>(index), answers_[std::min(index, answers_.size() - 1)]);
     }
 }
 

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <utility>
 #include <vector>
 
 class QTcpSocket;
@@ -43,13 +44,21 @@ public:
     void write(int connection, const Bytes& bytes);
     // Closes the connection from the server's side once written out.
     void drop(int connection);
+    // From now on, a connection that has received a whole message (as its
+    // header's length says) is answered once: connection n with the nth
+    // reply, later ones with the last. For callers that cannot turn the
+    // event loop themselves while they wait.
+    void answerEachRequest(std::vector<Bytes> replies) { answers_ = std::move(replies); }
 
 private:
     void accept();
+    void receive(std::size_t index);
 
     QTcpServer server_;
     std::vector<QTcpSocket*> connections_;
     std::vector<Bytes> received_;
+    std::vector<bool> answered_;
+    std::vector<Bytes> answers_;
 };
 
 } // namespace orbelan::nettest
