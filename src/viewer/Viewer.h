@@ -222,6 +222,18 @@ public:
     // Asks the server to change the password of the user IDUser; the answer
     // is told in a message box.
     Q_INVOKABLE void ChangePassword(const QString& OldPassword, const QString& NewPassword);
+    // Lets the user reorder, drop and restore the layers, set their zoom
+    // ranges and visibility and the background colour in the dialog
+    // dlgMapSetup; confirmed, the map is drawn again. Nothing happens while
+    // a map loads or when none is loaded.
+    Q_INVOKABLE void MapSetup();
+    // The floating legend of the visible layers' classes: shown (made when
+    // there is none, and built), built again for the current map and view,
+    // hidden, and destroyed.
+    Q_INVOKABLE void ShowMapReferences();
+    Q_INVOKABLE void RestoreMapReferences();
+    Q_INVOKABLE void HideMapReferences();
+    Q_INVOKABLE void TerminateMapReferences();
     // Asks for the grid cells of the view never asked for: geometry of every
     // visible layer, label and direction values where those show.
     void RequestMissingCells();

@@ -1,4 +1,6 @@
 #include "viewer/ViewerPrivate.h"
+#include "configuration/MapSetup.h"
+#include "configuration/dlgMapReferences.h"
 
 #include "viewer/ActivityShape.h"
 #include "viewer/CToolTip.h"
@@ -742,5 +744,37 @@ void ViewerPrivate::findByCondition(messages::Condition& condition)
     }
     session_.findByCondition(condition);
 }
+
+void ViewerPrivate::mapSetup()
+{
+    if (MapSetup(document_, viewport_, *ui_, &viewer_).run()) {
+        drawMap(std::nullopt);
+    }
+}
+
+void ViewerPrivate::showMapReferences()
+{
+    if (!legend_) {
+        legend_ = std::make_unique<dlgMapReferences>(&viewer_);
+    }
+    legend_->build(document_, viewport_.viewBox(), viewer_.palette());
+    legend_->show();
+}
+
+void ViewerPrivate::restoreMapReferences()
+{
+    if (legend_) {
+        legend_->build(document_, viewport_.viewBox(), viewer_.palette());
+    }
+}
+
+void ViewerPrivate::hideMapReferences()
+{
+    if (legend_) {
+        legend_->hide();
+    }
+}
+
+void ViewerPrivate::terminateMapReferences() { legend_.reset(); }
 
 } // namespace orbelan
