@@ -84,7 +84,7 @@ TEST_F(MapSetupRun, ConfirmedDialogReordersDropsAndSetsRangesAndVisibility)
     viewer.MapSetup();
 
     EXPECT_EQ(ui.queuedDialogs(), 0u);
-    EXPECT_EQ(order(viewer.Layers()), (std::vector<std::int32_t>{2, 1}));
+    ASSERT_EQ(order(viewer.Layers()), (std::vector<std::int32_t>{2, 1}));
     const layer& top = *viewer.Layers().Find(1);
     EXPECT_EQ(top.ZoomMin, 1.5f);
     EXPECT_EQ(top.ZoomMax, 30.0f);
