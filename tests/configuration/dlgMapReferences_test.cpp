@@ -3,6 +3,8 @@
 
 #include "configuration/dlgMapReferences.h"
 
+#include "ShownViewer.h"
+
 #include "model/MapDocument.h"
 #include "view/Viewport.h"
 
@@ -11,8 +13,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QScrollBar>
-
-#include <gtest/gtest.h>
 
 using namespace orbelan;
 
@@ -173,6 +173,36 @@ TEST_F(Legend, CameraCopiesTheWindowToTheClipboard)
     const QImage copied = QGuiApplication::clipboard()->image();
     EXPECT_EQ(copied.size(), legend.size() * legend.devicePixelRatio());
     EXPECT_TRUE(QGuiApplication::clipboard()->text().isEmpty());
+}
+
+using LegendOfViewer = ShownViewer;
+
+TEST_F(LegendOfViewer, ShownBuiltAgainHiddenAndClosedByTheViewer)
+{
+    layer& parcels = addLayer(1, polygonlayer, 0x0000FF);
+    addRectangle(parcels, 1, -4, -2, 0, 2);
+    viewer.Redraw();
+    const auto legend = [this] { return viewer.findChild<dlgMapReferences*>("dlgMapReferences"); };
+    viewer.RestoreMapReferences();
+    EXPECT_EQ(legend(), nullptr);
+
+    viewer.ShowMapReferences();
+    ASSERT_NE(legend(), nullptr);
+    EXPECT_TRUE(legend()->isVisible());
+    EXPECT_EQ(legend()->rowsBuilt(), 0);
+
+    parcels.ThematicMap().Add(0, 1, 0, 0, 0, "A", "");
+    viewer.HideMapReferences();
+    EXPECT_FALSE(legend()->isVisible());
+    viewer.RestoreMapReferences();
+    EXPECT_EQ(legend()->rowsBuilt(), 1);
+    viewer.ShowMapReferences();
+    EXPECT_TRUE(legend()->isVisible());
+
+    viewer.TerminateMapReferences();
+    EXPECT_EQ(legend(), nullptr);
+    viewer.ShowMapReferences();
+    EXPECT_NE(legend(), nullptr);
 }
 
 } // namespace
