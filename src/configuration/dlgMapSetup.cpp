@@ -17,6 +17,8 @@
 #include <QListWidget>
 #include <QPushButton>
 
+#include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace orbelan {
@@ -48,7 +50,12 @@ QPushButton* namedButton(const QString& name, const QString& text, QWidget* pare
     return button;
 }
 
-float typedNumber(const QLineEdit& box) { return static_cast<float>(Val(box.text().toStdString())); }
+// The box's number as a Single; one beyond a Single's range is held to it.
+float typedNumber(const QLineEdit& box)
+{
+    constexpr double kLargest = std::numeric_limits<float>::max();
+    return static_cast<float>(std::clamp(Val(box.text().toStdString()), -kLargest, kLargest));
+}
 
 } // namespace
 

@@ -7,9 +7,13 @@
 #include "configuration/dlgMapSetup.h"
 
 #include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
 #include <QTest>
 
 #include <QSignalSpy>
+
+#include <limits>
 
 using namespace orbelan;
 
@@ -126,15 +130,25 @@ TEST_F(MapSetupRun, ChosenBackgroundColourClearsTheMap)
     EXPECT_EQ(middle(), kBlue);
 }
 
-TEST(dlgMapSetup, ZoomBoxesTakeACommaAsTheDecimalPoint)
+TEST(dlgMapSetup, ZoomBoxesTakeACommaAsThePointAndHoldHugeNumbersToASingle)
 {
     ScriptedUiServices ui;
     dlgMapSetup dialog({.layers = {{.Nombre = "calles", .IDLayer = 7, .ZoomMax = 10}}}, ui);
     auto* zoomMin = dialog.findChild<QLineEdit*>("txtZoomMin");
     ASSERT_NE(zoomMin, nullptr);
+    dialog.findChild<QListWidget*>("lstLayers")->setCurrentRow(0);
+    EXPECT_EQ(zoomMin->text().toStdString(), "0");
     zoomMin->clear();
     QTest::keyClicks(zoomMin, "2,5,7");
-    EXPECT_EQ(zoomMin->text(), "2.57");
+    EXPECT_EQ(zoomMin->text().toStdString(), "2.57");
+
+    // A number beyond a Single's range is held to it.
+    dialog.findChild<QLineEdit*>("txtZoomMax")->setText(QString(40, '9'));
+    dialog.findChild<QPushButton*>("cmdModifyLayer")->click();
+    EXPECT_EQ(dialog.settings().layers[0].ZoomMin, 2.57f);
+    EXPECT_EQ(dialog.settings().layers[0].ZoomMax, std::numeric_limits<float>::max());
+    EXPECT_EQ(dialog.findChild<QListWidget*>("lstLayers")->item(0)->text().toStdString(),
+              "calles ( 2.57 - 3.402823e+38)  No Accesss, ");
 }
 
 } // namespace
