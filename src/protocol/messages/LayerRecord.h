@@ -53,7 +53,8 @@ struct LayerRecord {
     static LayerRecord decode(DWBUffer& message);
     bool operator==(const LayerRecord&) const = default;
 
-private:
+    // The runs of fields that the saved map's layer record shares: grid,
+    // visibility and zoom range; default style and label settings.
     void encodeGridAndZoom(DWBUffer& message) const;
     void encodeStyleAndLabels(DWBUffer& message) const;
     void decodeGridAndZoom(DWBUffer& message);
