@@ -300,6 +300,11 @@ void Viewer::ChangePassword(const QString& OldPassword, const QString& NewPasswo
     });
 }
 
+void Viewer::SaveMap(int IDUser, const QString& MapName)
+{
+    guarded(*this, "SaveMap", [&] { d_->session().saveMap(IDUser, MapName.toStdString()); });
+}
+
 void Viewer::GetInfo(int IDLayer, int IDElement, bool ReleaseEvent)
 {
     guarded(*this, "GetInfo", [&] { d_->getInfo(IDLayer, IDElement, ReleaseEvent); });

@@ -222,6 +222,10 @@ public:
     // Asks the server to change the password of the user IDUser; the answer
     // is told in a message box.
     Q_INVOKABLE void ChangePassword(const QString& OldPassword, const QString& NewPassword);
+    // Asks the server to store the map as it looks now (layer settings and
+    // classes) as a new map of the user IDUser named MapName; nothing while
+    // the map is loading. The answer is told in a message box.
+    Q_INVOKABLE void SaveMap(int IDUser, const QString& MapName);
     // Asks for the grid cells of the view never asked for: geometry of every
     // visible layer, label and direction values where those show.
     void RequestMissingCells();
