@@ -25,7 +25,7 @@ MapSaving::MapSaving(Database& database, MapReader& reader) : reader_(reader), w
 HandlerOutcome MapSaving::save(const SessionState& session, DWBUffer& message)
 {
     const auto request = messages::SaveMapRequest::decode(message);
-    const std::string summary = "save of map " + std::to_string(request.map) + " as \"" + request.name +
+    const std::string summary = "save of map " + std::to_string(request.map) + " as \"" + request.definition.name +
                                 "\" by user " + std::to_string(request.user);
     try {
         if (request.user != session.user || !reader_.mayOpen(request.user, request.map)) {

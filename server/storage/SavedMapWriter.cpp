@@ -41,7 +41,7 @@ SavedMapWriter::SavedMapWriter(Database& database)
 
 SavedMapWriter::Outcome SavedMapWriter::save(const messages::SaveMapRequest& request)
 {
-    const QString name = text(request.name);
+    const QString name = text(request.definition.name);
     Outcome outcome;
     database_.transaction([&] {
         if (name.trimmed().isEmpty() || nameTaken(request.user, name)) {
@@ -91,8 +91,9 @@ std::int32_t SavedMapWriter::insertMap(const messages::SaveMapRequest& request, 
     nextCode_.next();
     const auto code = static_cast<std::int32_t>(nextCode_.value(0).toLongLong());
     nextCode_.finish();
-    Database::runWith(insertMap_, {code, name, request.minX, request.minY, request.maxX, request.maxY,
-                                   request.background, request.projection});
+    const messages::MapDefinition& map = request.definition;
+    Database::runWith(insertMap_,
+                      {code, name, map.minX, map.minY, map.maxX, map.maxY, map.background, map.projection});
     Database::runWith(grant_, {request.user, code});
     return code;
 }

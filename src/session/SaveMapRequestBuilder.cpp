@@ -89,13 +89,14 @@ messages::SaveMapRequest buildSaveMapRequest(const MapDocument& document, std::i
     messages::SaveMapRequest request;
     request.user = user;
     request.map = document.MapCode;
-    request.name = name;
-    request.minX = static_cast<float>(document.mapExtent.MinX);
-    request.minY = static_cast<float>(document.mapExtent.MinY);
-    request.maxX = static_cast<float>(document.mapExtent.MaxX);
-    request.maxY = static_cast<float>(document.mapExtent.MaxY);
-    request.background = static_cast<std::int32_t>(document.BackgroundColor);
-    request.projection = integerField(document.Projection);
+    messages::MapDefinition& definition = request.definition;
+    definition.name = name;
+    definition.minX = static_cast<float>(document.mapExtent.MinX);
+    definition.minY = static_cast<float>(document.mapExtent.MinY);
+    definition.maxX = static_cast<float>(document.mapExtent.MaxX);
+    definition.maxY = static_cast<float>(document.mapExtent.MaxY);
+    definition.background = static_cast<std::int32_t>(document.BackgroundColor);
+    definition.projection = integerField(document.Projection);
     for (const layer& mapLayer : document.Layers()) {
         request.layers.push_back(savedLayer(mapLayer));
     }

@@ -40,9 +40,11 @@ protected:
     messages::SaveMapRequest restyled(const std::string& name)
     {
         const auto map = ask<messages::MapDefinition>(messages::MapDefinitionRequest{SampleStore::kMap});
-        messages::SaveMapRequest request{.user = 1, .map = SampleStore::kMap, .name = name, .minX = -71,
-                                         .minY = -34, .maxX = -70, .maxY = -33, .background = 0x102030,
-                                         .projection = 81};
+        messages::SaveMapRequest request{
+            1, SampleStore::kMap,
+            {.name = name, .minX = -71, .minY = -34, .maxX = -70, .maxY = -33, .background = 0x102030,
+             .projection = 81},
+            {}};
         for (const std::size_t index : {1u, 0u}) {
             messages::SavedLayerRecord layer{map.layers.at(index), 0};
             layer.settings.fields.clear();

@@ -53,8 +53,12 @@ struct LayerRecord {
     static LayerRecord decode(DWBUffer& message);
     bool operator==(const LayerRecord&) const = default;
 
-    // The runs of fields that the saved map's layer record shares: grid,
-    // visibility and zoom range; default style and label settings.
+    // Every field from the name to the thematic type: what a saved map's
+    // layer record shares with this one.
+    void encodeSettings(DWBUffer& message) const;
+    void decodeSettings(DWBUffer& message);
+
+private:
     void encodeGridAndZoom(DWBUffer& message) const;
     void encodeStyleAndLabels(DWBUffer& message) const;
     void decodeGridAndZoom(DWBUffer& message);

@@ -19,13 +19,7 @@ ThematicClassRecord decodeSavedClass(DWBUffer& message)
 
 void SavedLayerRecord::encode(DWBUffer& message) const
 {
-    message.PutString(settings.name);
-    message.PutLong(settings.id);
-    message.PutInteger(settings.type);
-    settings.encodeGridAndZoom(message);
-    settings.encodeStyleAndLabels(message);
-    message.PutString(settings.thematicField);
-    message.PutInteger(settings.thematicType);
+    settings.encodeSettings(message);
     message.PutInteger(classCount);
     for (const ThematicClassRecord& themeClass : settings.classes) {
         themeClass.encodeStyle(message);
@@ -37,16 +31,9 @@ void SavedLayerRecord::encode(DWBUffer& message) const
 SavedLayerRecord SavedLayerRecord::decode(DWBUffer& message)
 {
     SavedLayerRecord record;
-    LayerRecord& layer = record.settings;
-    layer.name = message.GetString();
-    layer.id = message.GetLong();
-    layer.type = message.GetInteger();
-    layer.decodeGridAndZoom(message);
-    layer.decodeStyleAndLabels(message);
-    layer.thematicField = message.GetString();
-    layer.thematicType = message.GetInteger();
+    record.settings.decodeSettings(message);
     record.classCount = message.GetInteger();
-    layer.classes = readRecords<ThematicClassRecord>(message, record.classCount, ThematicClassRecord::kMinimumSize,
+    record.settings.classes = readRecords<ThematicClassRecord>(message, record.classCount, ThematicClassRecord::kMinimumSize,
                                                      decodeSavedClass);
     return record;
 }

@@ -25,10 +25,9 @@ SavedLayerRecord parcels()
 
 TEST(SaveMapMessages, RequestAndAnswerSurviveEveryTruncation)
 {
-    expectRoundTripAndTruncation(SaveMapRequest{.user = 3, .map = 1, .name = "Mi mapa", .minX = -70.8f,
-                                                .minY = -33.6f, .maxX = -70.5f, .maxY = -33.3f,
-                                                .background = 0xFFFFFF, .projection = 81,
-                                                .layers = {parcels(), SavedLayerRecord{}}});
+    const MapDefinition definition{.name = "Mi mapa", .minX = -70.8f, .minY = -33.6f, .maxX = -70.5f,
+                                   .maxY = -33.3f, .background = 0xFFFFFF, .projection = 81};
+    expectRoundTripAndTruncation(SaveMapRequest{3, 1, definition, {parcels(), SavedLayerRecord{}}});
     expectRoundTripAndTruncation(SaveMapAnswer{SaveMapAnswer::kInvalidName});
 }
 
