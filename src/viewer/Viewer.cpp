@@ -312,6 +312,11 @@ void Viewer::TerminateMapReferences()
     guarded(*this, "TerminateMapReferences", [this] { d_->terminateMapReferences(); });
 }
 
+void Viewer::SaveMap(int IDUser, const QString& MapName)
+{
+    guarded(*this, "SaveMap", [&] { d_->session().saveMap(IDUser, MapName.toStdString()); });
+}
+
 void Viewer::GetInfo(int IDLayer, int IDElement, bool ReleaseEvent)
 {
     guarded(*this, "GetInfo", [&] { d_->getInfo(IDLayer, IDElement, ReleaseEvent); });

@@ -234,6 +234,10 @@ public:
     Q_INVOKABLE void RestoreMapReferences();
     Q_INVOKABLE void HideMapReferences();
     Q_INVOKABLE void TerminateMapReferences();
+    // Asks the server to store the map as it looks now (layer settings and
+    // classes) as a new map of the user IDUser named MapName; nothing while
+    // the map is loading. The answer is told in a message box.
+    Q_INVOKABLE void SaveMap(int IDUser, const QString& MapName);
     // Asks for the grid cells of the view never asked for: geometry of every
     // visible layer, label and direction values where those show.
     void RequestMissingCells();
