@@ -5,6 +5,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <utility>
 
 namespace orbelan {
 
@@ -18,6 +19,13 @@ std::string numberText(double value)
     return error == std::errc{} ? std::string(text.data(), end) : std::string();
 }
 
+std::array<int, 3> componentsOf(std::int32_t colour)
+{
+    return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
+}
+
+} // namespace
+
 Theme& addClass(ThematicMap& themes, const Theme& style, std::string min, std::string max)
 {
     return themes.Add(static_cast<std::int16_t>(style.DrawStyle), static_cast<std::int16_t>(style.DrawWidth),
@@ -25,12 +33,14 @@ Theme& addClass(ThematicMap& themes, const Theme& style, std::string min, std::s
                       std::move(max));
 }
 
-std::array<int, 3> componentsOf(std::int32_t colour)
+void copyStyle(Theme& to, const Theme& from)
 {
-    return {colour & 0xFF, (colour >> 8) & 0xFF, (colour >> 16) & 0xFF};
+    to.DrawColor = from.DrawColor;
+    to.DrawStyle = from.DrawStyle;
+    to.DrawWidth = from.DrawWidth;
+    to.FillColor = from.FillColor;
+    to.FillStyle = from.FillStyle;
 }
-
-} // namespace
 
 std::vector<std::pair<double, double>> equalRanges(const std::vector<std::string>& statistics, int count)
 {
@@ -76,11 +86,7 @@ void colourAlongRamp(ThematicMap& themes, const Classification& classification)
     const Theme& style = classification.style;
     for (int position = 2; position <= count; ++position) {
         Theme& theme = *themes.Item(position);
-        theme.DrawColor = style.DrawColor;
-        theme.DrawStyle = style.DrawStyle;
-        theme.DrawWidth = style.DrawWidth;
-        theme.FillColor = style.FillColor;
-        theme.FillStyle = style.FillStyle;
+        copyStyle(theme, style);
         std::int32_t colour = 0;
         for (std::size_t c = 0; c < step.size(); ++c) {
             // nearbyint rounds in the default mode: to nearest, halves to even.

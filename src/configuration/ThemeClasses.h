@@ -33,6 +33,12 @@ struct Classification {
     TipoLayer kind{};
 };
 
+// Adds a class at the end with the style's five style values.
+Theme& addClass(ThematicMap& themes, const Theme& style, std::string min, std::string max);
+
+// Gives a class the five style values of another, its bounds kept.
+void copyStyle(Theme& to, const Theme& from);
+
 // Rebuilds the classes: the default class as it is (a new one when there
 // is none), then one class per value or per range, coloured along the ramp.
 void buildClasses(ThematicMap& themes, const Classification& classification);

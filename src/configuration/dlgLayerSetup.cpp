@@ -170,8 +170,7 @@ void dlgLayerSetup::load(const layer& source)
         fieldTypes_.push_back(field.Tipo);
     }
     for (const Theme& theme : source.ThematicMap()) {
-        themes_.Add(static_cast<std::int16_t>(theme.DrawStyle), static_cast<std::int16_t>(theme.DrawWidth),
-                    theme.DrawColor, theme.FillColor, static_cast<std::int16_t>(theme.FillStyle), theme.min, theme.max);
+        addClass(themes_, theme, theme.min, theme.max);
     }
     if (themes_.count() >= 2) {
         ramp_[0] = rampColourOf(*themes_.Item(2), kind_);
@@ -384,21 +383,13 @@ Theme* dlgLayerSetup::selectedClass()
 void dlgLayerSetup::restyleClass()
 {
     if (Theme* theme = selectedClass()) {
-        const Theme chosen = style_->style();
-        theme->DrawColor = chosen.DrawColor;
-        theme->DrawStyle = chosen.DrawStyle;
-        theme->DrawWidth = chosen.DrawWidth;
-        theme->FillColor = chosen.FillColor;
-        theme->FillStyle = chosen.FillStyle;
+        copyStyle(*theme, style_->style());
     }
 }
 
 void dlgLayerSetup::newClass()
 {
-    const Theme style = style_->style();
-    themes_.Add(static_cast<std::int16_t>(style.DrawStyle), static_cast<std::int16_t>(style.DrawWidth), style.DrawColor,
-                style.FillColor, static_cast<std::int16_t>(style.FillStyle), kNewValue.toStdString(),
-                kNewValue.toStdString());
+    addClass(themes_, style_->style(), kNewValue.toStdString(), kNewValue.toStdString());
     showClasses(themes_.count() - 1);
     change_->setEnabled(true);
 }
