@@ -763,7 +763,7 @@ void ViewerPrivate::layerSetup(std::int32_t layerId)
 void ViewerPrivate::statisticsArrived(std::int32_t layerId, std::vector<std::string> values)
 {
     if (layerSetup_.statisticsArrived(layerId, std::move(values))) {
-        layerSetup(layerId);
+        viewer_.LayerSetup(layerId);
     }
 }
 
