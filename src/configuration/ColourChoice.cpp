@@ -1,22 +1,22 @@
 #include "configuration/ColourChoice.h"
 
+#include "configuration/dlgColor.h"
+
 #include "render/OleColor.h"
 #include "ui/UiServices.h"
 
-#include <QColorDialog>
 #include <QLineEdit>
 
 namespace orbelan {
 
 std::optional<std::int32_t> chooseColour(UiServices& ui, QWidget* parent, std::int32_t current)
 {
-    QColorDialog dialog(olecolor::toQColor(static_cast<std::uint32_t>(current), QPalette()), parent);
-    dialog.setObjectName(QStringLiteral("dlgColor"));
-    dialog.setOption(QColorDialog::DontUseNativeDialog);
-    if (ui.execDialog(dialog) != QDialog::Accepted) {
+    dlgColor dialog(olecolor::toQColor(static_cast<std::uint32_t>(current), QPalette()), parent);
+    ui.execDialog(dialog);
+    if (dialog.cancelled()) {
         return std::nullopt;
     }
-    return static_cast<std::int32_t>(olecolor::fromQColor(dialog.currentColor()));
+    return static_cast<std::int32_t>(olecolor::fromQColor(dialog.colour()));
 }
 
 void paintSwatch(QWidget& swatch, std::int32_t colour)

@@ -9,7 +9,7 @@ namespace orbelan {
 
 class UiServices;
 
-// Asks for a colour in the colour dialog dlgColor, starting at `current`
+// Asks for a colour in the dialog dlgColor, starting at `current`
 // (an OLE colour); nothing when the dialog is cancelled.
 std::optional<std::int32_t> chooseColour(UiServices& ui, QWidget* parent, std::int32_t current);
 

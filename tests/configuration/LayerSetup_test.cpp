@@ -174,11 +174,20 @@ TEST_F(LayerSetupDialog, ClassesFromStatisticsCanBeDeletedAndAdded)
     child<QPushButton>("cmdDeleteClass").click();
     EXPECT_EQ(lines().size(), 5);
 
+    // The colour dialog gives the selected class its fill, red in the low byte.
+    list.setCurrentRow(4);
+    ui.queueDialog({"dlgColor", {{"txtColor", "#102030"}}, "OKButton"});
+    child<QPushButton>("cmdFillColor").click();
+    ui.queueDialog({"dlgColor", {{"txtColor", "#ffffff"}}, "CancelButton"});
+    child<QPushButton>("cmdBorderColor").click();
+
     const LayerStyle style = dialog->takeStyle();
     EXPECT_EQ(style.thematicField, "AREA");
     EXPECT_EQ(style.thematicFieldType, 5);
     EXPECT_EQ(style.classes.count(), 5);
     EXPECT_EQ(style.classes.Item(5)->max, "200");
+    EXPECT_EQ(style.classes.Item(5)->FillColor, 0x302010);
+    EXPECT_EQ(style.classes.Item(5)->DrawColor, style.classes.Item(4)->DrawColor);
     EXPECT_EQ(style.labelField, "USO");
 }
 
