@@ -1,6 +1,6 @@
 // Attribute requests to orbelan-server over loopback, on the Santiago demo
 // map: conditions over the 13,312 parcels (request 13, answered with reply
-// 113), and an update of 10,000 parcels (221) until the sender and a second
+// 113), the statistics of their fields (6, answered with 106), and an update of 10,000 parcels (221) until the sender and a second
 // connection on the map have each received the 10,000 changes (250).
 
 #include "DemoServerThread.h"
@@ -10,6 +10,8 @@
 #include "protocol/messages/AccessRequest.h"
 #include "protocol/messages/Condition.h"
 #include "protocol/messages/ElementChange.h"
+#include "protocol/messages/FieldStatistics.h"
+#include "protocol/messages/FieldStatisticsRequest.h"
 #include "protocol/messages/FindByConditionRequest.h"
 #include "protocol/messages/FindByConditionResult.h"
 #include "protocol/messages/MultipleAttributeUpdate.h"
@@ -71,6 +73,31 @@ void BM_FindParcelsByCondition(benchmark::State& state)
     state.counters["elements"] = static_cast<double>(found);
 }
 BENCHMARK(BM_FindParcelsByCondition)->DenseRange(0, 6)->Unit(benchmark::kMillisecond);
+
+// The statistics a classification asks for, by benchmark argument: the
+// land uses and the range of areas that the layer setup uses, then the
+// widest answers, every parcel's distinct area and roll.
+const FieldStatisticsRequest kStatistics[] = {
+    {kParcels, "USO", 1},
+    {kParcels, "AREA", 2},
+    {kParcels, "ROL", 2},
+    {kParcels, "AREA", 1},
+    {kParcels, "ROL", 1},
+};
+
+void BM_ParcelFieldStatistics(benchmark::State& state)
+{
+    ServerUnderLoad server(demoStore().path);
+    auto client = admitted(server.startServing());
+    const FieldStatisticsRequest& request = kStatistics[state.range(0)];
+    std::size_t values = 0;
+    for (auto _ : state) {
+        values = client->ask<FieldStatistics>(request).values.size();
+    }
+    state.SetLabel(request.field + " method " + std::to_string(request.method));
+    state.counters["values"] = static_cast<double>(values);
+}
+BENCHMARK(BM_ParcelFieldStatistics)->DenseRange(0, 4)->Unit(benchmark::kMillisecond);
 
 void receiveChanges(LoadClient& client, std::size_t count)
 {

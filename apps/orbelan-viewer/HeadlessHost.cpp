@@ -94,6 +94,12 @@ std::optional<QVariant> toArgument(const QString& word, QMetaType type)
     if (type == QMetaType::fromType<QStringList>()) {
         return toTextList(word);
     }
+    if (type == QMetaType::fromType<QVariant>()) {
+        // A variant parameter gets the word as a text, wrapped so that the
+        // call finds a QVariant where it looks.
+        const QVariant text = word;
+        return QVariant(type, &text);
+    }
     QVariant value = word;
     return value.convert(type) ? std::optional(value) : std::nullopt;
 }

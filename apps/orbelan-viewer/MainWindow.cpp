@@ -128,6 +128,19 @@ void MainWindow::addMenus()
         map->addAction(QString::fromUtf8(method.name()), this,
                        [this, method] { method.invoke(viewer_, Qt::DirectConnection); });
     }
+
+    // The layers are known once the map has loaded: the menu lists them as it opens.
+    QMenu* setup = map->addMenu(tr("Layer setup"));
+    setup->setObjectName(QStringLiteral("mnuLayerSetup"));
+    connect(setup, &QMenu::aboutToShow, this, [this, setup] {
+        setup->clear();
+        for (const layer& mapLayer : viewer_->Layers()) {
+            if (mapLayer.Tipo != ImageLayer) {
+                const std::int32_t id = mapLayer.IDLayer;
+                setup->addAction(QString::fromStdString(mapLayer.Nombre), this, [this, id] { viewer_->LayerSetup(id); });
+            }
+        }
+    });
 }
 
 void MainWindow::changePassword()

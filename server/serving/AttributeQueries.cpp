@@ -3,6 +3,8 @@
 #include "protocol/messages/ConstrainedElementQuery.h"
 #include "protocol/messages/ElementInformation.h"
 #include "protocol/messages/ElementInformationRequest.h"
+#include "protocol/messages/FieldStatistics.h"
+#include "protocol/messages/FieldStatisticsRequest.h"
 #include "protocol/messages/FindByConditionRequest.h"
 #include "protocol/messages/FindByConditionResult.h"
 #include "protocol/messages/ResultTable.h"
@@ -18,6 +20,8 @@ namespace {
 // A query's constraints are composed one by one by hand; a request with more
 // is not a user's.
 constexpr std::size_t kMaximumConstraints = 100;
+// The reply counts distinct values in an Integer.
+constexpr std::size_t kMaximumDistinctValues = 32767;
 
 std::string layerText(std::int32_t layer)
 {
@@ -70,9 +74,10 @@ std::optional<AttributeReader::Filter> filterOf(const LayerFields& fields,
 
 } // namespace
 
-AttributeQueries::AttributeQueries(MapReader& reader, AttributeReader& rows)
+AttributeQueries::AttributeQueries(MapReader& reader, AttributeReader& rows, FieldSummary& summary)
     : reader_(reader),
-      rows_(rows)
+      rows_(rows),
+      summary_(summary)
 {
 }
 
@@ -110,6 +115,35 @@ HandlerOutcome AttributeQueries::information(SessionState& session, DWBUffer& me
     return replyWith(reply,
                      "information of element " + std::to_string(request.element) + " of " +
                          layerText(request.layer),
+                     remarks);
+}
+
+HandlerOutcome AttributeQueries::statistics(SessionState& session, DWBUffer& message)
+{
+    namespace method = messages::statisticsmethod;
+    const auto request = messages::FieldStatisticsRequest::decode(message);
+    messages::FieldStatistics reply{request.layer, request.field, request.method, {}};
+    Remarks remarks;
+    remarks.attempt([&] {
+        const auto fields = visibleFields(session, request.layer, remarks);
+        const messages::FieldRecord* field = fields ? fields->named(request.field) : nullptr;
+        if (fields && !field) {
+            remarks.add("; no field \"" + request.field + "\"");
+        }
+        if (!field) {
+            return;
+        }
+        if (request.method == method::kDistinctValues) {
+            reply.values = summary_.distinctValues(request.layer, *field, kMaximumDistinctValues);
+        } else if (request.method == method::kMinimumAndMaximum) {
+            reply.values = summary_.range(request.layer, *field);
+        } else {
+            remarks.add("; no statistics method " + std::to_string(request.method));
+        }
+    });
+    return replyWith(reply,
+                     "statistics " + std::to_string(request.method) + " of \"" + request.field + "\" of " +
+                         layerText(request.layer) + ": " + std::to_string(reply.values.size()) + " values",
                      remarks);
 }
 

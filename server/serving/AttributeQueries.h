@@ -5,6 +5,7 @@
 #include "serving/Remarks.h"
 #include "serving/SessionState.h"
 #include "storage/AttributeReader.h"
+#include "storage/FieldSummary.h"
 #include "storage/MapReader.h"
 
 #include <cstdint>
@@ -13,14 +14,16 @@
 namespace orbelan::server {
 
 // Answers the requests that read attribute values: an element's values (4),
-// the elements that meet a condition (13) and the candidates that meet every
-// constraint (14). A layer the user has level 0 on is answered as a layer
+// the distinct values or the range of a field (6), the elements that meet a
+// condition (13) and the candidates that meet every constraint (14). A layer the user has level 0 on is answered as a layer
 // without elements.
 class AttributeQueries {
 public:
-    AttributeQueries(MapReader& reader, AttributeReader& rows);
+    AttributeQueries(MapReader& reader, AttributeReader& rows, FieldSummary& summary);
 
     HandlerOutcome information(SessionState& session, DWBUffer& message);
+    // An unknown field or method gets the request echoed with no values.
+    HandlerOutcome statistics(SessionState& session, DWBUffer& message);
     HandlerOutcome find(SessionState& session, DWBUffer& message);
     HandlerOutcome constrained(SessionState& session, DWBUffer& message);
 
@@ -31,6 +34,7 @@ private:
 
     MapReader& reader_;
     AttributeReader& rows_;
+    FieldSummary& summary_;
 };
 
 } // namespace orbelan::server

@@ -56,7 +56,8 @@ RequestHandler::RequestHandler(Database& database, std::size_t cacheBudget,
     : reader_(database),
       writer_(database),
       rows_(database),
-      queries_(reader_, rows_),
+      summary_(database),
+      queries_(reader_, rows_, summary_),
       updates_(database, reader_, rows_, writer_),
       cells_(cacheBudget),
       logins_(database, policy),
@@ -106,6 +107,8 @@ HandlerOutcome RequestHandler::dispatch(SessionState& session, std::int16_t code
         return elementBox(session, message);
     case CommandCode::ElementInformationRequest:
         return queries_.information(session, message);
+    case CommandCode::FieldStatisticsRequest:
+        return queries_.statistics(session, message);
     case CommandCode::FindByCondition:
         return queries_.find(session, message);
     case CommandCode::ConstrainedElementQuery:

@@ -61,6 +61,7 @@ private:
     MapReader reader_;
     MapWriter writer_;
     AttributeReader rows_;
+    FieldSummary summary_;
     AttributeQueries queries_;
     AttributeUpdates updates_;
     CellReplyCache cells_;

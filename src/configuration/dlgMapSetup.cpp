@@ -1,6 +1,6 @@
 #include "configuration/dlgMapSetup.h"
 
-#include "configuration/ColorChoice.h"
+#include "configuration/ColourChoice.h"
 #include "configuration/CommaAsPoint.h"
 #include "configuration/LayerSetupRecords.h"
 #include "model/LeadingNumber.h"
@@ -231,9 +231,9 @@ void dlgMapSetup::setInitialHeight()
 
 void dlgMapSetup::chooseBackColor()
 {
-    const QColor initial = olecolor::toQColor(settings_.backgroundColor, palette());
-    if (const std::optional<QColor> chosen = chooseColor(ui_, initial, this)) {
-        settings_.backgroundColor = olecolor::fromQColor(*chosen);
+    const auto current = static_cast<std::int32_t>(settings_.backgroundColor);
+    if (const auto chosen = chooseColour(ui_, this, current)) {
+        settings_.backgroundColor = static_cast<decltype(settings_.backgroundColor)>(*chosen);
         showBackColor();
     }
 }

@@ -2,6 +2,7 @@
 
 #include "model/DuplicateKeyError.h"
 
+#include <algorithm>
 #include <bit>
 #include <charconv>
 #include <concepts>
@@ -144,6 +145,7 @@ public:
         index_.clear();
         holes_ = 0;
         rank_.clear();
+        lastNumber_ = 0;
         ++removals_;
     }
 
@@ -195,11 +197,19 @@ protected:
     }
 
     // Adds at the end under the decimal text of count + 1, the element's
-    // position while nothing is removed.
+    // position while nothing is removed. After a removal that number may
+    // still be taken by a later element, so the key is then one past the
+    // largest number given since the last Clear.
     T& InsertNumbered(std::unique_ptr<T> value)
         requires std::same_as<Key, std::int32_t>
     {
-        return Insert(count() + 1, std::move(value));
+        if (lastNumber_ == std::numeric_limits<std::int32_t>::max()) {
+            throw std::length_error("no number is left for another element");
+        }
+        const std::int32_t key = std::max(count(), lastNumber_) + 1;
+        T& added = Insert(key, std::move(value));
+        lastNumber_ = key;
+        return added;
     }
 
     // Removes an element without destroying it.
@@ -368,6 +378,8 @@ private:
     std::size_t holes_ = 0;
     mutable std::vector<std::int32_t> rank_; // empty until a position is looked up past a hole
     std::uint64_t removals_ = 0;
+    // The largest key InsertNumbered gave since the last Clear.
+    std::int32_t lastNumber_ = 0;
 };
 
 } // namespace orbelan

@@ -7,6 +7,7 @@
 #include "session/ElementBoxLoader.h"
 #include "session/ElementChangeLoader.h"
 #include "session/ElementInformationLoader.h"
+#include "session/FieldStatisticsLoader.h"
 #include "session/FindResultLoader.h"
 #include "session/LayerDefinitionLoader.h"
 #include "session/MapDefinitionLoader.h"
@@ -53,6 +54,7 @@ constexpr std::array kRoutes = {
     Route{ResultTable, loadResultTable},
     Route{ChangePasswordAnswer, loadChangePasswordAnswer},
     Route{SaveMapAnswer, loadSaveMapAnswer},
+    Route{FieldStatistics, loadFieldStatistics},
 };
 
 const Route* routeOf(CommandCode code)

@@ -5,6 +5,7 @@
 #include "protocol/messages/ConstrainedElementQuery.h"
 #include "protocol/messages/ElementBoundingBoxRequest.h"
 #include "protocol/messages/ElementInformationRequest.h"
+#include "protocol/messages/FieldStatisticsRequest.h"
 #include "protocol/messages/FindByConditionRequest.h"
 #include "session/CommandDispatcher.h"
 #include "session/SaveMapRequestBuilder.h"
@@ -81,6 +82,11 @@ void MapSession::requestInformation(std::int32_t layerId, std::int32_t elementId
 void MapSession::findByCondition(const messages::Condition& condition)
 {
     sendMessage(connection_, messages::FindByConditionRequest{condition});
+}
+
+void MapSession::requestFieldStatistics(std::int32_t layerId, const std::string& field, std::int16_t method)
+{
+    sendMessage(connection_, messages::FieldStatisticsRequest{layerId, field, method});
 }
 
 void MapSession::queryElements(const messages::ConstrainedElementQuery& query, std::int32_t mode)

@@ -72,6 +72,9 @@ public:
     }
     // Asks for the elements that meet the condition.
     void findByCondition(const messages::Condition& condition);
+    // Asks for the distinct values (method 1) or the minimum and maximum
+    // (method 2) of a field over the whole layer.
+    void requestFieldStatistics(std::int32_t layerId, const std::string& field, std::int16_t method);
     // Asks for the elements of the query; the reply shows them in the
     // information grid when mode is -1, as a list when it is 0.
     void queryElements(const messages::ConstrainedElementQuery& query, std::int32_t mode);

@@ -3,6 +3,8 @@
 #include "query/QueryMap.h"
 
 #include <cstdint>
+#include <string>
+#include <vector>
 
 #include <QList>
 #include <QString>
@@ -35,6 +37,9 @@ public:
     // for the host (InfoArrival).
     virtual void informationArrived(std::int32_t layerId, std::int32_t elementId, const QStringList& fieldNames,
                                     const QList<int>& fieldTypes, const QStringList& values) = 0;
+    // The statistics of a field that the layer setup of the layer asked
+    // for; a control without layer setup lets them go.
+    virtual void statisticsArrived(std::int32_t /*layerId*/, std::vector<std::string> /*values*/) {}
     // The window message boxes belong to.
     virtual QWidget* dialogParent() = 0;
 };

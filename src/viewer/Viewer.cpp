@@ -381,6 +381,18 @@ void Viewer::MultipleSelect(bool FromPolygon, int SourceLayer, int IDElement, in
     });
 }
 
+void Viewer::LayerSetup(const QVariant& IDLayer)
+{
+    guarded(*this, "LayerSetup", [&] {
+        bool isNumber = false;
+        const int layerId = IDLayer.toInt(&isNumber);
+        if (!isNumber) {
+            throw std::invalid_argument("the layer id is not a number");
+        }
+        d_->layerSetup(layerId);
+    });
+}
+
 float Viewer::CurrentZoom() const { return d_->viewport().CurrentZoom(); }
 
 void Viewer::ZoomToSelected(int IDLayer, const QList<int>& IDElement)

@@ -238,6 +238,12 @@ public:
     // classes) as a new map of the user IDUser named MapName; nothing while
     // the map is loading. The answer is told in a message box.
     Q_INVOKABLE void SaveMap(int IDUser, const QString& MapName);
+    // Lets the user style layer IDLayer (a number, or a text holding one) in
+    // the dialog dlgLayerSetup: classes from the server's statistics of a
+    // field, their colours and styles, labels and directions. Confirmed, the
+    // layer is drawn anew in its new style. Nothing while a load is under
+    // way, without a map, or for an image layer.
+    Q_INVOKABLE void LayerSetup(const QVariant& IDLayer);
     // Asks for the grid cells of the view never asked for: geometry of every
     // visible layer, label and direction values where those show.
     void RequestMissingCells();

@@ -13,6 +13,7 @@
 #include "ui/dlgSetDirections.h"
 #include "protocol/messages/Condition.h"
 #include "query/dlgFindByCondition.h"
+#include "configuration/LayerRestyle.h"
 #include "viewer/tools/DirectionsTool.h"
 #include "viewer/tools/InformationTool.h"
 #include "viewer/tools/SelectTool.h"
@@ -776,5 +777,28 @@ void ViewerPrivate::hideMapReferences()
 }
 
 void ViewerPrivate::terminateMapReferences() { legend_.reset(); }
+
+void ViewerPrivate::layerSetup(std::int32_t layerId)
+{
+    layer* target = document_.Layers().Find(layerId);
+    if (document_.busy || !document_.layerscargados || target == nullptr || target->Tipo == ImageLayer) {
+        return;
+    }
+    auto outcome = layerSetup_.run(*target, viewport_.CurrentZoom(), *ui_, &viewer_);
+    if (const auto* query = std::get_if<LayerSetupLoop::StatisticsQuery>(&outcome)) {
+        session_.requestFieldStatistics(query->layer, query->field, query->method);
+    } else if (auto* style = std::get_if<LayerStyle>(&outcome)) {
+        restyleLayer(*target, std::move(*style), session_.cells());
+        drawMap(std::nullopt);
+        requestCellsOfView();
+    }
+}
+
+void ViewerPrivate::statisticsArrived(std::int32_t layerId, std::vector<std::string> values)
+{
+    if (layerSetup_.statisticsArrived(layerId, std::move(values))) {
+        viewer_.LayerSetup(layerId);
+    }
+}
 
 } // namespace orbelan

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "configuration/LayerSetupLoop.h"
 #include "model/MapDocument.h"
 #include "render/MapRenderer.h"
 #include "session/MapSession.h"
@@ -57,6 +58,7 @@ public:
     void informationArrived(std::int32_t layerId, std::int32_t elementId, const QStringList& fieldNames,
                             const QList<int>& fieldTypes, const QStringList& values) override;
     QWidget* dialogParent() override;
+    void statisticsArrived(std::int32_t layerId, std::vector<std::string> values) override;
 
     // MapToolHost
     const Viewport& viewport() const override { return viewport_; }
@@ -120,6 +122,9 @@ public:
     // completed in a dialog first, and the dialog's choices are written back.
     void findByCondition(messages::Condition& condition);
     MultipleSelection& multipleSelection() { return multipleSelection_; }
+    // Styles a layer in the layer setup dialog, asking the server for the
+    // statistics of a field when the dialog wants them.
+    void layerSetup(std::int32_t layerId);
     // The tooltip goes with the pointer.
     void pointerLeft();
     void requestCellsOfView() { session_.cells().requestCellsOfView(); }
@@ -234,6 +239,7 @@ private:
     std::vector<std::int32_t> highlighted_;
     // The legend, while it exists.
     std::unique_ptr<dlgMapReferences> legend_;
+    LayerSetupLoop layerSetup_;
 };
 
 } // namespace orbelan

@@ -95,6 +95,20 @@ TEST_F(HeadlessHostTest, LayerVisibilitySetsTheUsersLevelsAndRefusesWhatItCannot
                              "error \"layer-visibility: \\\"colour\\\" is not geometry, labels or directions\"\n");
 }
 
+// LayerSetup takes the layer id as a word; the scripted dialog's label and
+// direction settings reach the layer.
+TEST_F(HeadlessHostTest, LayerSetupAppliesTheScriptedDialog)
+{
+    ASSERT_TRUE(run("set layerscargados true\ndialog dlgLayerSetup cbLblVisible=On chkDirections=1 OKButton\n"
+                    "LayerSetup 3\nLayerSetup parques\n"));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(parks.UserLabelVisibility(), 2);
+    EXPECT_EQ(parks.UserDirectionVisibility(), 1);
+    EXPECT_NE(out.str().find("dialog dlgLayerSetup \"Configuración del Layer: Parques\"\n"), std::string::npos);
+    EXPECT_NE(out.str().find("error \"LayerSetup: the layer id is not a number\"\n"), std::string::npos)
+        << out.str();
+}
+
 // A dialog's script is queued before the menu item that opens it; the
 // right click offers the end menu, whose "Resume" tells the length.
 TEST_F(HeadlessHostTest, MenuItemsAndScriptedDialogsDriveAMeasurement)

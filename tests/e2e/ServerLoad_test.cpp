@@ -409,4 +409,57 @@ TEST_F(DemoServer, AnUpdateFromTheGridReachesEveryViewerOfTheMap)
     EXPECT_EQ(ui.queuedDialogs(), 0u);
 }
 
+// A user restyles the parcels by land use: the dialog asks the server for
+// the distinct values, opens again with them, and on OK the layer has one
+// class per value, grey from black to white, each parcel in its own. Then
+// by ranges of area, from the server's minimum and maximum.
+TEST_F(DemoServer, LayerSetupClassifiesTheParcelsByTheServersStatistics)
+{
+    ASSERT_TRUE(showLoaded());
+    ASSERT_TRUE(zoomToTheCentre());
+    ui.queueDialog({"dlgLayerSetup",
+                    {{"cbThemeField", "USO"}, {"cbThemeMethod", "1"}, {"shpColor0", "#000000"}, {"ShpColor1", "#ffffff"}},
+                    "cmdQrySvr"});
+    ui.queueDialog({"dlgLayerSetup", {}, "OKButton"});
+    viewer.LayerSetup(102);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ui.queuedDialogs() == 0 && viewer.isIdle(); }, kLoadMilliseconds));
+    ASSERT_EQ(ui.dialogs().size(), 2u);
+
+    const layer& parcels = *viewer.Layers().Find(102);
+    const ThematicMap& classes = parcels.ThematicMap();
+    ASSERT_GE(classes.count(), 4);
+    EXPECT_EQ(classes.Item(1)->min, "MICanyMIC");
+    EXPECT_EQ(classes.Item(2)->FillColor, 0x000000);
+    EXPECT_EQ(classes.Item(classes.count())->FillColor, 0xFFFFFF);
+    std::set<std::string> values;
+    for (int position = 2; position <= classes.count(); ++position) {
+        EXPECT_TRUE(values.insert(classes.Item(position)->min).second);
+        EXPECT_EQ(classes.Item(position)->max, classes.Item(position)->min);
+    }
+    ASSERT_FALSE(parcels.DrawnIDs().empty());
+    for (const std::int32_t id : parcels.DrawnIDs()) {
+        const Entidad& parcel = *parcels.Entidades.Find(id);
+        EXPECT_TRUE(values.contains(parcel.ThemeValue)) << parcel.ThemeValue;
+        EXPECT_EQ(classes.Item(parcel.ThemeCode)->min, parcel.ThemeValue);
+    }
+
+    // By area in four ranges: the areas are asked for anew and each parcel
+    // falls in the range that holds it.
+    ui.queueDialog({"dlgLayerSetup", {{"cbThemeField", "AREA"}, {"cbThemeMethod", "2"}, {"cbQtyClasses", "4"}},
+                    "cmdQrySvr"});
+    ui.queueDialog({"dlgLayerSetup", {}, "OKButton"});
+    viewer.LayerSetup(102);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ui.queuedDialogs() == 0 && viewer.isIdle(); }, kLoadMilliseconds));
+    ASSERT_EQ(classes.count(), 5);
+    EXPECT_EQ(parcels.ThematicField, "AREA");
+    for (const std::int32_t id : parcels.DrawnIDs()) {
+        const Entidad& parcel = *parcels.Entidades.Find(id);
+        ASSERT_FALSE(parcel.ThemeValue.empty()) << id;
+        const double area = std::stod(parcel.ThemeValue);
+        ASSERT_GE(parcel.ThemeCode, 2) << area;
+        EXPECT_LE(std::stod(classes.Item(parcel.ThemeCode)->min), area);
+        EXPECT_GE(std::stod(classes.Item(parcel.ThemeCode)->max), area);
+    }
+}
+
 } // namespace

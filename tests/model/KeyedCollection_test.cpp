@@ -1,6 +1,8 @@
 #include "model/Campos.h"
 #include "model/DuplicateKeyError.h"
 #include "model/KeyedCollection.h"
+#include "model/Labels.h"
+#include "model/ThematicMap.h"
 
 #include <gtest/gtest.h>
 
@@ -61,6 +63,30 @@ TEST(KeyedCollectionAdding, ADuplicateKeyFailsAndChangesNothing)
     EXPECT_THROW(campos.Add("NAME", 3), orbelan::DuplicateKeyError);
     EXPECT_EQ(campos.count(), 1);
     EXPECT_EQ(campos.Item("NAME")->Tipo, 8);
+}
+
+// Removing from the middle leaves count + 1 taken by the last element: the
+// next numbered element goes past the largest key; after Clear, "1" again.
+TEST(KeyedCollectionAdding, NumberedElementsAfterARemovalTakeAFreeKey)
+{
+    orbelan::ThematicMap themes;
+    orbelan::Labels labels;
+    for (const char* text : {"a", "b", "c"}) {
+        themes.Add(0, 1, 0, 0, 0, text, text);
+        labels.Add(text);
+    }
+    ASSERT_TRUE(themes.Remove("2"));
+    ASSERT_TRUE(labels.Remove(2));
+    EXPECT_EQ(themes.Add(0, 1, 0, 0, 0, "d", "d").min, "d");
+    EXPECT_EQ(labels.Add("d").word, "d");
+    EXPECT_EQ(themes.Item("4")->min, "d");
+    EXPECT_EQ(labels.Item("4")->word, "d");
+    EXPECT_EQ(themes.Item(3)->min, "d");
+    EXPECT_EQ(themes.Item("3")->min, "c");
+
+    themes.Clear();
+    themes.Add(0, 1, 0, 0, 0, "MICanyMIC", "");
+    EXPECT_EQ(themes.Item("1")->min, "MICanyMIC");
 }
 
 TEST(KeyedCollectionRemoving, ElementsStayPutAndTakenOnesSurvive)

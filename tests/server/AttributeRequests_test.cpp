@@ -3,6 +3,8 @@
 #include "protocol/messages/ElementChange.h"
 #include "protocol/messages/ElementInformation.h"
 #include "protocol/messages/ElementInformationRequest.h"
+#include "protocol/messages/FieldStatistics.h"
+#include "protocol/messages/FieldStatisticsRequest.h"
 #include "protocol/messages/FindByConditionRequest.h"
 #include "protocol/messages/FindByConditionResult.h"
 #include "protocol/messages/MessageIO.h"
@@ -124,6 +126,28 @@ TEST_F(AttributeRequests, EveryOperatorOnTextAndNumbers)
     const auto areas = ask<FindByConditionResult>(viewer, FindByConditionRequest{{kParcels, "AREA", 5, op::kGreaterOrEqual, "10", ""}});
     EXPECT_EQ(areas.elements, (std::vector<FindByConditionResult::Found>{{1, "10"}, {4, "100"}}));
     EXPECT_EQ(table(viewer, {}).rowCount(), 5u) << "the hostile value stayed a value";
+}
+
+// Distinct values in order, or the least and greatest; a field of any
+// letter case; nothing for an unknown field or method, or a layer the user
+// may not see.
+TEST_F(AttributeRequests, StatisticsOfAFieldOverTheWholeLayer)
+{
+    const auto statistics = [&](SessionState& session, const std::string& field, std::int16_t method) {
+        const auto reply = ask<FieldStatistics>(session, FieldStatisticsRequest{kParcels, field, method});
+        EXPECT_EQ(reply.layer, kParcels);
+        EXPECT_EQ(reply.field, field);
+        EXPECT_EQ(reply.method, method);
+        return reply.values;
+    };
+    using Texts = std::vector<std::string>;
+    EXPECT_EQ(statistics(viewer, "PISOS", 1), (Texts{"1", "2", "3", "4", "5"}));
+    EXPECT_EQ(statistics(viewer, "area", 2), (Texts{"-1", "100"}));
+    EXPECT_EQ(statistics(viewer, "NOMBRE", 2), (Texts{"'; DROP TABLE x; --", "Ñandú 50%"}));
+    EXPECT_EQ(statistics(editor, "NOMBRE", 1).size(), 5u);
+    EXPECT_EQ(statistics(viewer, "NOMBRE\" FROM x; --", 1), Texts{});
+    EXPECT_EQ(statistics(viewer, "AREA", 3), Texts{});
+    EXPECT_EQ(statistics(stranger, "AREA", 2), (Texts{"", ""}));
 }
 
 TEST_F(AttributeRequests, TablesAndInformationHoldEveryFieldInOrder)

@@ -4,6 +4,8 @@
 #include "login/PasswordHash.h"
 #include "storage/UserStore.h"
 #include "storage/MapReader.h"
+#include "storage/AttributeReader.h"
+#include "storage/FieldSummary.h"
 #include "demo/SantiagoGenerator.h"
 
 #include <gtest/gtest.h>
@@ -13,6 +15,8 @@
 #include <QSqlRecord>
 #include <QTemporaryDir>
 
+#include <algorithm>
+#include <set>
 #include <sstream>
 
 using namespace orbelan;
@@ -93,6 +97,34 @@ TEST_F(DemoBuild, BuildingAgainGivesTheSameMap)
     Database other(otherDir.filePath(QStringLiteral("other.sqlite")));
     DemoBuilder(other, report).build();
     EXPECT_EQ(digestOf(other), first);
+}
+
+
+// The statistics of the parcels' land use and area agree with their rows.
+TEST_F(DemoBuild, ParcelStatisticsCoverTheWholeLayer)
+{
+    constexpr std::int32_t parcels = SantiagoGenerator::kParcelsLayer;
+    const auto fields = MapReader(database).layerFields(parcels);
+    const auto* use = fields.named("USO");
+    const auto* area = fields.named("AREA");
+    ASSERT_TRUE(use && area);
+    std::set<std::string> uses;
+    double least = 1e300;
+    double greatest = -1e300;
+    for (const auto& row : AttributeReader(database).rows(parcels, {*use, *area}, {})) {
+        uses.insert(row.values[0]);
+        least = std::min(least, std::stod(row.values[1]));
+        greatest = std::max(greatest, std::stod(row.values[1]));
+    }
+    FieldSummary summary(database);
+    const auto distinct = summary.distinctValues(parcels, *use, 32767);
+    EXPECT_GT(distinct.size(), 2u);
+    EXPECT_EQ(std::set<std::string>(distinct.begin(), distinct.end()), uses);
+    EXPECT_EQ(distinct.size(), uses.size());
+    const auto range = summary.range(parcels, *area);
+    ASSERT_EQ(range.size(), 2u);
+    EXPECT_EQ(std::stod(range[0]), least);
+    EXPECT_EQ(std::stod(range[1]), greatest);
 }
 
 } // namespace

@@ -2,6 +2,8 @@
 #include "protocol/messages/ConstrainedElementQuery.h"
 #include "protocol/messages/ElementInformation.h"
 #include "protocol/messages/ElementInformationRequest.h"
+#include "protocol/messages/FieldStatistics.h"
+#include "protocol/messages/FieldStatisticsRequest.h"
 #include "protocol/messages/FindByConditionRequest.h"
 #include "protocol/messages/FindByConditionResult.h"
 #include "protocol/messages/MultipleAttributeUpdate.h"
@@ -29,6 +31,9 @@ TEST(QueryMessages, RequestsAndRepliesSurviveEveryTruncation)
         4, {11, 12, 13}, {{"USO", 202, conditionop::kEqual, "Comercial", ""}, {"PISOS", 2, conditionop::kBetween, "1", "3"}}});
     expectRoundTripAndTruncation(ResultTable{4, 3, {11, 12}, {"Comercial", "3", "Vivienda", ""}});
     expectRoundTripAndTruncation(AttributeUpdate{4, 99, 57, 109, 2, 202, "Comercial"});
+    expectRoundTripAndTruncation(FieldStatisticsRequest{102, "USO", 1});
+    expectRoundTripAndTruncation(FieldStatistics{102, "USO", 1, {"Comercial", "", "Vivienda"}});
+    expectRoundTripAndTruncation(FieldStatistics{102, "AREA", 2, {"-1.5", "100"}});
     expectRoundTripAndTruncation(
         MultipleAttributeUpdate{4, {11, 12}, {57, 58}, {109, 109}, {{"USO", 202, "Comercial"}, {"PISOS", 2, "4"}}});
 }
