@@ -31,6 +31,7 @@ void MapRenderer::render(QImage& picture, const Viewport& view, MapDocument& doc
     }
     QtMapCanvas canvas(picture, view, palette_);
     canvas.setTextMetrics(font_, dotsPerInch_);
+    canvas.setRasters(rasters_);
     const BoundingBox& box = view.viewBox();
     for (layer& mapLayer : document.Layers()) {
         if (!onlyLayer || mapLayer.IDLayer == *onlyLayer) {
@@ -57,6 +58,16 @@ void MapRenderer::highlight(QImage& picture, const Viewport& view, layer& target
     for (const std::int32_t id : ids) {
         target.resaltar(id, view.viewBox(), canvas);
     }
+}
+
+void MapRenderer::drawImage(QImage& picture, const Viewport& view, std::int32_t imageNumber) const
+{
+    if (!view.viewReady() || picture.isNull()) {
+        return;
+    }
+    QtMapCanvas canvas(picture, view, palette_);
+    canvas.setRasters(rasters_);
+    canvas.DrawImage(imageNumber);
 }
 
 } // namespace orbelan

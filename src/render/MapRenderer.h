@@ -12,6 +12,7 @@ class QImage;
 namespace orbelan {
 
 class MapDocument;
+class RasterImages;
 class Viewport;
 class layer;
 
@@ -31,6 +32,9 @@ public:
 
     void setPalette(const QPalette& palette) { palette_ = palette; }
     void setTextMetrics(const QFont& font, int dotsPerInch);
+    // The raster images that image layers draw, by number (not owned); without
+    // them image layers draw nothing.
+    void setRasters(const RasterImages* rasters) { rasters_ = rasters; }
 
     // With onlyLayer, that layer is drawn anew and the others as they were
     // drawn last (their drawn elements are not looked up again).
@@ -40,11 +44,14 @@ public:
     // Draws the elements of the layer highlighted over the picture.
     void highlight(QImage& picture, const Viewport& view, layer& target,
                    std::span<const std::int32_t> ids) const;
+    // Draws the raster image of that number over the picture.
+    void drawImage(QImage& picture, const Viewport& view, std::int32_t imageNumber) const;
 
 private:
     QPalette palette_;
     QFont font_;
     int dotsPerInch_;
+    const RasterImages* rasters_ = nullptr;
 };
 
 } // namespace orbelan

@@ -2,6 +2,7 @@
 
 #include "render/DirectionMark.h"
 #include "render/OleColor.h"
+#include "render/RasterPlacement.h"
 #include "render/RotatedTextStart.h"
 
 #include <algorithm>
@@ -522,6 +523,21 @@ void QtMapCanvas::DrawRotatedText(double X, double Y, double angle, const std::s
         return;
     }
     turnedLabels_.draw(painter_, start, turn, glyphs, {advance, face.height}, this->color(color));
+}
+
+void QtMapCanvas::DrawImage(std::int32_t ImageNumber)
+{
+    const RasterSource* source = rasters_ ? rasters_->find(ImageNumber) : nullptr;
+    if (source == nullptr) {
+        return;
+    }
+    const std::optional<RasterPlacement> placement = RasterPlacement::place(source->extent(), view_);
+    if (!placement) {
+        return;
+    }
+    // What is drawn before lies under the image.
+    flushLines();
+    painter_.drawImage(placement->screen.topLeft(), source->read(placement->world, placement->screen.size()));
 }
 
 } // namespace orbelan

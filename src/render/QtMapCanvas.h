@@ -3,6 +3,7 @@
 #include "render/LabelFonts.h"
 #include "model/MapCanvas.h"
 #include "render/PixelLines.h"
+#include "render/RasterImages.h"
 #include "render/TurnedLabels.h"
 #include "view/Viewport.h"
 
@@ -57,6 +58,10 @@ public:
     void DrawDirectionMark(ScreenPoint from, ScreenPoint to, std::int16_t direction) override;
     void DrawRotatedText(double X, double Y, double angle, const std::string& text, bool bold, std::int32_t color,
                          std::int16_t align) override;
+    // The image is read for the visible part of it only, at the size drawn.
+    void DrawImage(std::int32_t ImageNumber) override;
+    // The raster images DrawImage finds by number (not owned); none by default.
+    void setRasters(const RasterImages* rasters) { rasters_ = rasters; }
 
     // What labels are measured and sized with: the control's own font, in
     // which a label's offsets from its anchor are measured, and the
@@ -112,6 +117,7 @@ private:
     QFontMetricsF surfaceMetrics_{QFont()};
     LabelFonts labelFonts_{96};
     TurnedLabels turnedLabels_;
+    const RasterImages* rasters_ = nullptr;
 };
 
 } // namespace orbelan
