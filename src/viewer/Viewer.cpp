@@ -496,8 +496,7 @@ QString Viewer::ImagePath() const { return d_->images().path(); }
 void Viewer::setImagePath(const QString& path)
 {
     guarded(*this, kImagePathKey, [&] {
-        if (path != ImagePath()) {
-            d_->setImagePath(path);
+        if (d_->setImagePath(path)) {
             emit propertyChanged(kImagePathKey);
         }
     });

@@ -747,11 +747,15 @@ void ViewerPrivate::findByCondition(messages::Condition& condition)
     session_.findByCondition(condition);
 }
 
-void ViewerPrivate::setImagePath(const QString& path)
+bool ViewerPrivate::setImagePath(const QString& path)
 {
-    if (images_.setPath(path, document_.Layers()) && document_.Layers().count() > 0) {
+    if (!images_.setPath(path, document_.Layers())) {
+        return false;
+    }
+    if (document_.Layers().count() > 0) {
         redrawMap();
     }
+    return true;
 }
 
 void ViewerPrivate::replaceLayers(Layers layers)

@@ -141,8 +141,8 @@ public:
     // Raster images of the image layers.
     ImageLayers& images() { return images_; }
     // A new folder for the raster files: the image layers are bound to it
-    // and the map is drawn again. Nothing when the folder is the same.
-    void setImagePath(const QString& path);
+    // and the map is drawn again. Nothing (false) when the folder is the same.
+    bool setImagePath(const QString& path);
     // The layers put in place of the map's: the image layers get their images.
     void replaceLayers(Layers layers);
     // Draws the image of image layer layerId over the picture.
