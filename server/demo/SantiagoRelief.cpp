@@ -146,10 +146,11 @@ void setUtmReference(GDALDatasetH dataset)
 
 } // namespace
 
-void SantiagoRelief::write(const std::string& path, double west, double south, double east, double north)
+void SantiagoRelief::write(const std::string& path, double west, double south, double east, double north,
+                           int longestSide)
 {
     const PlaneBox box = planeBox(west, south, east, north);
-    const double metresPerPixel = std::max(box.east - box.west, box.north - box.south) / kLongestSide;
+    const double metresPerPixel = std::max(box.east - box.west, box.north - box.south) / std::max(longestSide, 1);
     const int width = std::max(1, static_cast<int>(std::ceil((box.east - box.west) / metresPerPixel)));
     const int height = std::max(1, static_cast<int>(std::ceil((box.north - box.south) / metresPerPixel)));
 

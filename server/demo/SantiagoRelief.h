@@ -16,9 +16,10 @@ public:
     static constexpr const char* kFileName = "relieve_santiago.tif";
     static constexpr int kLongestSide = 3000;
 
-    // Writes the image of the box (degrees) to path; std::runtime_error when
-    // GDAL cannot.
-    static void write(const std::string& path, double west, double south, double east, double north);
+    // Writes the image of the box (degrees), longestSide pixels along its
+    // longer side, to path; std::runtime_error when GDAL cannot.
+    static void write(const std::string& path, double west, double south, double east, double north,
+                      int longestSide = kLongestSide);
 };
 
 } // namespace orbelan::server
