@@ -14,7 +14,7 @@ class SantiagoRelief {
 public:
     // The image layer's name, which is also the file's name in the viewer's ImagePath.
     static constexpr const char* kFileName = "relieve_santiago.tif";
-    static constexpr int kLongestSide = 3000;
+    static constexpr int kLongestSide = 2000;
 
     // Writes the image of the box (degrees), longestSide pixels along its
     // longer side, to path; std::runtime_error when GDAL cannot.
