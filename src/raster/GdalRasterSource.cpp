@@ -94,36 +94,43 @@ QImage GdalRasterSource::read(const WorldWindow& window, QSize size) const
     return picture;
 }
 
+// The overview read from: the coarsest one that still has at least 80% of
+// the pixels drawn (a little enlarged shows no difference, and it decodes a
+// fraction of the tiles of the next finer one); -1 for the full resolution.
+int GdalRasterSource::overviewFor(double sourcePixelsPerPixel) const
+{
+    GDALRasterBandH first = GDALGetRasterBand(handle(dataset_), 1);
+    int chosen = -1;
+    double chosenFactor = 1;
+    for (int level = 0; level < GDALGetOverviewCount(first); ++level) {
+        GDALRasterBandH overview = GDALGetOverview(first, level);
+        const double factor = overview ? double(width_) / GDALGetRasterBandXSize(overview) : 0;
+        if (factor > chosenFactor && factor <= sourcePixelsPerPixel * kEnlargement) {
+            chosen = level;
+            chosenFactor = factor;
+        }
+    }
+    return chosen;
+}
+
 bool GdalRasterSource::readBands(QImage& picture, const QRect& covered, const double (&source)[4]) const
 {
-    const PixelWindow columns = wholePixels(source[0], source[2], width_);
-    const PixelWindow rows = wholePixels(source[1], source[3], height_);
-    GDALRasterIOExtraArg extra;
-    INIT_RASTERIO_EXTRA_ARG(extra);
-    extra.eResampleAlg = GRIORA_NearestNeighbour;
-    extra.bFloatingPointWindowValidity = TRUE;
-    extra.dfXOff = source[0];
-    extra.dfYOff = source[1];
-    extra.dfXSize = source[2] - source[0];
-    extra.dfYSize = source[3] - source[1];
-
+    const int level = overviewFor(std::min((source[2] - source[0]) / covered.width(),
+                                           (source[3] - source[1]) / covered.height()));
     const qsizetype line = picture.bytesPerLine();
     uchar* first = picture.bits() + covered.y() * line + covered.x() * 4;
     const bool grey = bands_ < 3;
     const bool alpha = bands_ == 2 || bands_ == 4;
-    // Grey goes to red (copied to green and blue below), alpha to the fourth byte.
-    int bandMap[4] = {1, 2, 3, 4};
-    const int channels = grey ? 1 : bands_;
-    CPLErr result = GDALDatasetRasterIOEx(handle(dataset_), GF_Read, columns.offset, rows.offset, columns.size,
-                                          rows.size, first, covered.width(), covered.height(), GDT_Byte, channels,
-                                          bandMap, 4, line, 1, &extra);
-    if (result == CE_None && grey && alpha) {
-        GDALRasterBandH alphaBand = GDALGetRasterBand(handle(dataset_), 2);
-        result = GDALRasterIOEx(alphaBand, GF_Read, columns.offset, rows.offset, columns.size, rows.size, first + 3,
-                                covered.width(), covered.height(), GDT_Byte, 4, line, &extra);
-    }
-    if (result != CE_None) {
-        return false;
+    for (int band = 1; band <= bands_; ++band) {
+        GDALRasterBandH read = GDALGetRasterBand(handle(dataset_), band);
+        if (level >= 0) {
+            read = GDALGetOverview(read, level);
+        }
+        // Grey goes to red (copied to green and blue below), alpha to the fourth byte.
+        const int channel = grey && band == 2 ? 3 : band - 1;
+        if (read == nullptr || !readBand(read, source, first + channel, covered.size(), line)) {
+            return false;
+        }
     }
     for (int y = 0; y < covered.height(); ++y) {
         uchar* pixel = first + y * line;
@@ -137,6 +144,27 @@ bool GdalRasterSource::readBands(QImage& picture, const QRect& covered, const do
         }
     }
     return true;
+}
+
+// The window of the full image (its pixels), read from the band at its own
+// resolution into every fourth byte.
+bool GdalRasterSource::readBand(void* band, const double (&source)[4], uchar* into, QSize size, qsizetype line) const
+{
+    GDALRasterBandH read = static_cast<GDALRasterBandH>(band);
+    const double xScale = double(GDALGetRasterBandXSize(read)) / width_;
+    const double yScale = double(GDALGetRasterBandYSize(read)) / height_;
+    const PixelWindow columns = wholePixels(source[0] * xScale, source[2] * xScale, GDALGetRasterBandXSize(read));
+    const PixelWindow rows = wholePixels(source[1] * yScale, source[3] * yScale, GDALGetRasterBandYSize(read));
+    GDALRasterIOExtraArg extra;
+    INIT_RASTERIO_EXTRA_ARG(extra);
+    extra.eResampleAlg = GRIORA_NearestNeighbour;
+    extra.bFloatingPointWindowValidity = TRUE;
+    extra.dfXOff = source[0] * xScale;
+    extra.dfYOff = source[1] * yScale;
+    extra.dfXSize = (source[2] - source[0]) * xScale;
+    extra.dfYSize = (source[3] - source[1]) * yScale;
+    return GDALRasterIOEx(read, GF_Read, columns.offset, rows.offset, columns.size, rows.size, into, size.width(),
+                          size.height(), GDT_Byte, 4, line, &extra) == CE_None;
 }
 
 } // namespace orbelan

@@ -16,9 +16,9 @@ namespace orbelan {
 // (grey and alpha), three (red, green, blue) or four (and alpha) bands, read
 // as bytes.
 //
-// A window is read with one RasterIO call sized to the picture drawn, so
-// GDAL takes the overview nearest that resolution and decodes only the
-// blocks the window touches.
+// A window is read band by band from the overview nearest the resolution
+// drawn, sized to the picture, so that only the blocks the window touches at
+// that resolution are decoded.
 class GdalRasterSource : public RasterSource {
 public:
     // The image in the file, or null when GDAL cannot open it as a north-up
@@ -34,8 +34,13 @@ public:
 
 private:
     GdalRasterSource(void* dataset, const std::array<double, 6>& transform);
+    // An overview may be drawn enlarged up to this much.
+    static constexpr double kEnlargement = 1.25;
+
     // Reads the bands into the covered part of an RGBA picture; false on a read error.
     bool readBands(QImage& picture, const QRect& covered, const double (&source)[4]) const;
+    int overviewFor(double sourcePixelsPerPixel) const;
+    bool readBand(void* band, const double (&source)[4], uchar* into, QSize size, qsizetype line) const;
 
     void* dataset_;
     std::array<double, 6> transform_;
