@@ -30,6 +30,21 @@ void MapRenderer::render(QImage& picture, const Viewport& view, MapDocument& doc
         return;
     }
     QtMapCanvas canvas(picture, view, palette_);
+    drawLayers(canvas, view, document, onlyLayer);
+}
+
+void MapRenderer::render(QPaintDevice& device, QSize size, const Viewport& view, MapDocument& document) const
+{
+    QtMapCanvas canvas(device, size, view, palette_);
+    canvas.fill(olecolor::toQColor(document.BackgroundColor, palette_));
+    if (view.viewReady()) {
+        drawLayers(canvas, view, document, std::nullopt);
+    }
+}
+
+void MapRenderer::drawLayers(QtMapCanvas& canvas, const Viewport& view, MapDocument& document,
+                             std::optional<std::int32_t> onlyLayer) const
+{
     canvas.setTextMetrics(font_, dotsPerInch_);
     canvas.setRasters(rasters_);
     const BoundingBox& box = view.viewBox();

@@ -8,10 +8,13 @@
 #include <span>
 
 class QImage;
+class QPaintDevice;
+class QSize;
 
 namespace orbelan {
 
 class MapDocument;
+class QtMapCanvas;
 class RasterImages;
 class Viewport;
 class layer;
@@ -41,6 +44,10 @@ public:
     void render(QImage& picture, const Viewport& view, MapDocument& document,
                 std::optional<std::int32_t> onlyLayer = std::nullopt) const;
 
+    // The same on any paint device (a PDF page) of the given size in pixels,
+    // every layer drawn anew.
+    void render(QPaintDevice& device, QSize size, const Viewport& view, MapDocument& document) const;
+
     // Draws the elements of the layer highlighted over the picture.
     void highlight(QImage& picture, const Viewport& view, layer& target,
                    std::span<const std::int32_t> ids) const;
@@ -48,6 +55,9 @@ public:
     void drawImage(QImage& picture, const Viewport& view, std::int32_t imageNumber) const;
 
 private:
+    void drawLayers(QtMapCanvas& canvas, const Viewport& view, MapDocument& document,
+                    std::optional<std::int32_t> onlyLayer) const;
+
     QPalette palette_;
     QFont font_;
     int dotsPerInch_;

@@ -122,6 +122,19 @@ QtMapCanvas::QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& 
     setMargin(lineWidth_);
 }
 
+// No pixels to set directly: lines and labels go through the painter.
+QtMapCanvas::QtMapCanvas(QPaintDevice& device, QSize size, const Viewport& view, const QPalette& palette)
+    : thin_(noPixels_), view_(view), palette_(palette), picture_(QPointF(0, 0), QSizeF(size)), turnedLabels_(noPixels_)
+{
+    painter_.begin(&device);
+    setMargin(lineWidth_);
+}
+
+void QtMapCanvas::fill(const QColor& colour)
+{
+    painter_.fillRect(picture_, colour);
+}
+
 QtMapCanvas::~QtMapCanvas()
 {
     flushLines();

@@ -44,6 +44,10 @@ namespace orbelan {
 class QtMapCanvas : public MapCanvas {
 public:
     QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& palette);
+    // A surface of the given size in pixels on any paint device, a PDF page
+    // say: everything is drawn through the painter, so lines and polygons
+    // stay vectors there.
+    QtMapCanvas(QPaintDevice& device, QSize size, const Viewport& view, const QPalette& palette);
     ~QtMapCanvas() override;
     QtMapCanvas(const QtMapCanvas&) = delete;
     QtMapCanvas& operator=(const QtMapCanvas&) = delete;
@@ -69,11 +73,15 @@ public:
     // pixels. By default the application font at 96 dots per inch.
     void setTextMetrics(const QFont& surfaceFont, int logicalDpiY);
 
+    // Clears the whole surface with the colour.
+    void fill(const QColor& colour);
     // The Qt styles of the control's pen and fill style numbers.
     static Qt::PenStyle penStyle(std::int32_t DrawStyle);
     static Qt::BrushStyle brushStyle(std::int32_t FillStyle);
 
 private:
+    // What the pixel writers get on a device without pixels of its own.
+    QImage noPixels_;
     void setPen(std::int32_t color, std::int32_t style, std::int32_t width);
     void setBrush(std::int32_t style, std::int32_t color);
     QColor color(std::int32_t value) const;

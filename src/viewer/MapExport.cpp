@@ -1,8 +1,8 @@
 #include "viewer/MapExport.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QPageSize>
-#include <QPainter>
 #include <QPdfWriter>
 
 #include <stdexcept>
@@ -16,24 +16,6 @@ QString extensionOf(const QString& fileName) { return QFileInfo(fileName).suffix
 [[noreturn]] void cannotWrite(const QString& fileName)
 {
     throw std::runtime_error("cannot write " + fileName.toStdString());
-}
-
-void writePdf(const QImage& picture, const QString& fileName, int dpi)
-{
-    QPdfWriter pdf(fileName);
-    pdf.setResolution(dpi);
-    pdf.setCreator(QStringLiteral("Orbelan Viewer"));
-    const QSizeF points(picture.width() * 72.0 / dpi, picture.height() * 72.0 / dpi);
-    pdf.setPageSize(QPageSize(points, QPageSize::Point));
-    pdf.setPageMargins(QMarginsF());
-    QPainter painter;
-    if (!painter.begin(&pdf)) {
-        cannotWrite(fileName);
-    }
-    painter.drawImage(QRect(QPoint(0, 0), picture.size()), picture);
-    if (!painter.end()) {
-        cannotWrite(fileName);
-    }
 }
 
 } // namespace
@@ -52,18 +34,36 @@ void MapExport::check(const QString& fileName, int width, int height, int dpi)
     }
 }
 
-void MapExport::write(const QImage& picture, const QString& fileName, int dpi)
+bool MapExport::isPdf(const QString& fileName) { return extensionOf(fileName) == QLatin1String("pdf"); }
+
+void MapExport::writePng(const QImage& picture, const QString& fileName, int dpi)
 {
     check(fileName, picture.width(), picture.height(), dpi);
-    if (extensionOf(fileName) == QLatin1String("pdf")) {
-        writePdf(picture, fileName, dpi);
-        return;
-    }
     QImage stamped = picture;
     const int dotsPerMetre = qRound(dpi / 0.0254);
     stamped.setDotsPerMeterX(dotsPerMetre);
     stamped.setDotsPerMeterY(dotsPerMetre);
     if (!stamped.save(fileName, "PNG")) {
+        cannotWrite(fileName);
+    }
+}
+
+void MapExport::writePdf(const QString& fileName, QSize size, int dpi, const std::function<void(QPaintDevice&)>& draw)
+{
+    check(fileName, size.width(), size.height(), dpi);
+    QFile file(fileName);
+    if (!file.open(QIODevice::WriteOnly)) {
+        cannotWrite(fileName);
+    }
+    {
+        QPdfWriter pdf(&file);
+        pdf.setResolution(dpi);
+        pdf.setCreator(QStringLiteral("Orbelan Viewer"));
+        pdf.setPageSize(QPageSize(QSizeF(size.width() * 72.0 / dpi, size.height() * 72.0 / dpi), QPageSize::Point));
+        pdf.setPageMargins(QMarginsF());
+        draw(pdf);
+    }
+    if (file.error() != QFileDevice::NoError) {
         cannotWrite(fileName);
     }
 }

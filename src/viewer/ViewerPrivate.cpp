@@ -795,13 +795,18 @@ void ViewerPrivate::exportImage(const QString& fileName, int width, int height, 
     if (viewport_.viewReady()) {
         view.SetView(box.MinX, box.MinY, box.MaxX, box.MaxY);
     }
-    QImage picture(width, height, QImage::Format_ARGB32_Premultiplied);
     MapRenderer renderer = renderer_;
     renderer.setTextMetrics(viewer_.font(), dpi);
-    renderer.render(picture, view, document_);
+    if (MapExport::isPdf(fileName)) {
+        MapExport::writePdf(fileName, {width, height}, dpi,
+                            [&](QPaintDevice& page) { renderer.render(page, {width, height}, view, document_); });
+    } else {
+        QImage picture(width, height, QImage::Format_ARGB32_Premultiplied);
+        renderer.render(picture, view, document_);
+        MapExport::writePng(picture, fileName, dpi);
+    }
     // The layers list what the export drew; the control's own view lists its own again.
     renderPicture(std::nullopt);
-    MapExport::write(picture, fileName, dpi);
 }
 
 } // namespace orbelan
