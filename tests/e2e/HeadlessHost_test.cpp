@@ -15,6 +15,7 @@
 #include "viewer/Viewer.h"
 #include "view/Viewport.h"
 
+#include <QImage>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -90,6 +91,23 @@ TEST_F(HeadlessHostTest, LayerVisibilitySetsTheUsersLevelsAndRefusesWhatItCannot
     const std::string redrawn = "event MapRedrawn\n";
     EXPECT_EQ(out.str(), redrawn + redrawn + redrawn + refused + refused +
                              "error \"layer-visibility: \\\"colour\\\" is not geometry, labels or directions\"\n");
+}
+
+// export takes the control's size and 96 dots per inch unless told; the
+// generic call reaches the raster methods.
+TEST_F(HeadlessHostTest, ExportWritesTheAskedSizeAndRefusesWhatItCannotWrite)
+{
+    const QString small = folder.filePath("small.png");
+    const QString whole = folder.filePath("whole.png");
+    const std::string lines = "export " + small.toStdString() + " 40x20 192\nexport " + whole.toStdString() +
+                              "\nexport " + small.toStdString() + " 40by20\nexport map.gif\nLoadRasterFile none.tif\n";
+    ASSERT_TRUE(run(lines.c_str()));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(QImage(small).size(), QSize(40, 20));
+    EXPECT_EQ(QImage(whole).size(), QSize(400, 200));
+    EXPECT_EQ(out.str(), "error \"export needs FILE [WIDTHxHEIGHT] [DPI]\"\n"
+                         "error \"ExportImage: the file name must end in .png or .pdf: map.gif\"\n"
+                         "result -1\n");
 }
 
 // A dialog's script is queued before the menu item that opens it; the
