@@ -17,7 +17,7 @@ namespace orbelan {
 // resolution out of range, std::runtime_error when the file cannot be written.
 class MapExport {
 public:
-    static constexpr int kMaximumSide = 20000;
+    static constexpr int kMaximumSide = 10000;
     static constexpr int kMaximumDpi = 2400;
 
     // Refuses what the writers would refuse, before anything is drawn.
