@@ -6,7 +6,7 @@
 // fresh handler (so no reply cache carries over), stopping where the handler
 // closes the connection. Besides the sanitizers, the target checks that every
 // reply is a whole message answering its request (code + 100, or 121 for a
-// password change) and that no
+// password change and 241 for a saved map) and that no
 // input ever adds or removes an element or a cell (attribute updates may
 // change values).
 
@@ -109,15 +109,22 @@ struct Store {
 
 Store* store = nullptr;
 
+// The code of the reply to a request: code + 100, but for the password
+// change and the saved map, whose answers follow their requests.
+std::int16_t answerTo(std::int16_t request)
+{
+    if (request == codeNumber(CommandCode::ChangePassword) || request == codeNumber(CommandCode::SaveMap)) {
+        return static_cast<std::int16_t>(request + 1);
+    }
+    return static_cast<std::int16_t>(request + 100);
+}
+
 void checkReply(std::int16_t request, const SharedReply& reply)
 {
     check(reply != nullptr);
     DWBUffer message(*reply);
     check(message.getLength() == message.TamanoBuffer());
-    const std::int16_t answer = request == codeNumber(CommandCode::ChangePassword)
-                                    ? codeNumber(CommandCode::ChangePasswordAnswer)
-                                    : static_cast<std::int16_t>(request + 100);
-    check(codeNumber(messages::readHeader(message)) == answer);
+    check(codeNumber(messages::readHeader(message)) == answerTo(request));
 }
 
 } // namespace

@@ -59,7 +59,8 @@ RequestHandler::RequestHandler(Database& database, std::size_t cacheBudget,
       queries_(reader_, rows_),
       updates_(database, reader_, rows_, writer_),
       cells_(cacheBudget),
-      logins_(database, policy)
+      logins_(database, policy),
+      saving_(database, reader_)
 {
 }
 
@@ -113,6 +114,8 @@ HandlerOutcome RequestHandler::dispatch(SessionState& session, std::int16_t code
         return updates_.one(session, message);
     case CommandCode::MultipleAttributeUpdate:
         return updates_.many(session, message);
+    case CommandCode::SaveMap:
+        return saving_.save(session, message);
     default:
         break;
     }

@@ -7,6 +7,7 @@
 #include "login/LoginPolicy.h"
 #include "serving/HandlerOutcome.h"
 #include "serving/LoginService.h"
+#include "serving/MapSaving.h"
 #include "serving/Remarks.h"
 #include "serving/SessionState.h"
 #include "serving/SharedReply.h"
@@ -64,6 +65,7 @@ private:
     AttributeUpdates updates_;
     CellReplyCache cells_;
     LoginService logins_;
+    MapSaving saving_;
     // Map definition replies already built, by map code (the definitions do
     // not change while the server runs).
     std::unordered_map<std::int32_t, SharedReply> definitions_;

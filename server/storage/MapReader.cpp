@@ -39,10 +39,11 @@ MapReader::MapReader(Database& database)
           "SELECT name, min_x, min_y, max_x, max_y, background, projection FROM maps "
           "WHERE code = ?"))),
       layers_(database.prepare(QStringLiteral(
-          "SELECT name, id, type, grid_delta_x, grid_delta_y, visibility, zoom_min, zoom_max, "
-          "draw_color, draw_style, draw_width, fill_color, fill_style, label_field, "
-          "label_zoom_min, label_zoom_max, label_visibility, label_bold, label_color, "
-          "thematic_field, thematic_type FROM layers WHERE map_code = ? ORDER BY position"))),
+          "SELECT l.name, l.id, l.type, l.grid_delta_x, l.grid_delta_y, m.visibility, m.zoom_min, "
+          "m.zoom_max, m.draw_color, m.draw_style, m.draw_width, m.fill_color, m.fill_style, "
+          "m.label_field, m.label_zoom_min, m.label_zoom_max, m.label_visibility, m.label_bold, "
+          "m.label_color, m.thematic_field, m.thematic_type FROM map_layers m "
+          "JOIN layers l ON l.id = m.layer_id WHERE m.map_code = ? ORDER BY m.position"))),
       gridBounds_(database.prepare(QStringLiteral(
           "SELECT MIN(cell_row), MAX(cell_row), MIN(cell_col), MAX(cell_col) FROM cells "
           "WHERE layer_id = ?"))),
@@ -50,10 +51,10 @@ MapReader::MapReader(Database& database)
           "SELECT name, ado_type FROM fields WHERE layer_id = ? ORDER BY position"))),
       classes_(database.prepare(QStringLiteral(
           "SELECT min_value, max_value, draw_color, draw_style, draw_width, fill_color, "
-          "fill_style FROM thematic_classes WHERE layer_id = ? ORDER BY position"))),
+          "fill_style FROM map_classes WHERE map_code = ? AND layer_id = ? ORDER BY position"))),
       level_(database.prepare(
-          QStringLiteral("SELECT l.id, a.level FROM layers l JOIN layer_access a ON a.layer_id = l.id "
-                         "WHERE a.user_id = ? AND l.map_code = ? AND a.level <> 0"))),
+          QStringLiteral("SELECT m.layer_id, a.level FROM map_layers m JOIN layer_access a "
+                         "ON a.layer_id = m.layer_id WHERE a.user_id = ? AND m.map_code = ? AND a.level <> 0"))),
       cellElements_(database.prepare(QStringLiteral(
           "SELECT e.id, e.vertices FROM cells c JOIN elements e "
           "ON e.layer_id = c.layer_id AND e.id = c.element_id "
@@ -98,7 +99,7 @@ std::optional<messages::MapDefinition> MapReader::mapDefinition(std::int32_t map
     for (messages::LayerRecord& layer : definition.layers) {
         readGridBounds(layer);
         readFields(layer);
-        readClasses(layer);
+        readClasses(map, layer);
     }
     return definition;
 }
@@ -169,9 +170,9 @@ LayerFields MapReader::layerFields(std::int32_t layer)
     return fields;
 }
 
-void MapReader::readClasses(messages::LayerRecord& layer)
+void MapReader::readClasses(std::int32_t map, messages::LayerRecord& layer)
 {
-    Database::runWith(classes_, {layer.id});
+    Database::runWith(classes_, {map, layer.id});
     while (classes_.next()) {
         layer.classes.push_back({textAt(classes_, 0), textAt(classes_, 1), longAt(classes_, 2),
                                  shortAt(classes_, 3), shortAt(classes_, 4), longAt(classes_, 5),

@@ -71,7 +71,7 @@ private:
     messages::LayerRecord layerFrom(const QSqlQuery& row);
     void readGridBounds(messages::LayerRecord& layer);
     void readFields(messages::LayerRecord& layer);
-    void readClasses(messages::LayerRecord& layer);
+    void readClasses(std::int32_t map, messages::LayerRecord& layer);
     QSqlQuery& valuesQuery(std::int32_t layer, const QString& storedField);
 
     Database& database_;

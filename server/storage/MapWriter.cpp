@@ -99,7 +99,7 @@ void MapWriter::setMapLevel(std::int32_t user, std::int32_t map, std::int16_t le
     database_.transaction([&] {
         QSqlQuery upsert = database_.prepare(
             QStringLiteral("INSERT INTO layer_access (user_id, layer_id, level) "
-                           "SELECT ?, id, ? FROM layers WHERE map_code = ? "
+                           "SELECT ?, layer_id, ? FROM map_layers WHERE map_code = ? "
                            "ON CONFLICT (user_id, layer_id) DO UPDATE SET level = excluded.level"));
         Database::runWith(upsert, {user, level, map});
     });

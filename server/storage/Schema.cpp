@@ -112,6 +112,73 @@ CREATE TABLE IF NOT EXISTS cells (
     FOREIGN KEY (layer_id, element_id) REFERENCES elements(layer_id, id) ON DELETE CASCADE
 ) WITHOUT ROWID)";
 
+// A saved map has no layers of its own: each of its layers is a stored
+// layer (geometry, fields, attributes) seen with the settings the user saved.
+const char* const kSavedLayers = R"(
+CREATE TABLE IF NOT EXISTS saved_layers (
+    map_code         INTEGER NOT NULL REFERENCES maps(code) ON DELETE CASCADE,
+    position         INTEGER NOT NULL,
+    layer_id         INTEGER NOT NULL REFERENCES layers(id) ON DELETE CASCADE,
+    visibility       INTEGER NOT NULL,
+    zoom_min         REAL NOT NULL,
+    zoom_max         REAL NOT NULL,
+    draw_color       INTEGER NOT NULL,
+    draw_style       INTEGER NOT NULL,
+    draw_width       INTEGER NOT NULL,
+    fill_color       INTEGER NOT NULL,
+    fill_style       INTEGER NOT NULL,
+    label_field      TEXT NOT NULL,
+    label_zoom_min   REAL NOT NULL,
+    label_zoom_max   REAL NOT NULL,
+    label_visibility INTEGER NOT NULL,
+    label_bold       INTEGER NOT NULL,
+    label_color      INTEGER NOT NULL,
+    thematic_field   TEXT NOT NULL,
+    thematic_type    INTEGER NOT NULL,
+    PRIMARY KEY (map_code, position),
+    UNIQUE (map_code, layer_id)
+) WITHOUT ROWID)";
+
+const char* const kSavedClasses = R"(
+CREATE TABLE IF NOT EXISTS saved_classes (
+    map_code   INTEGER NOT NULL,
+    layer_id   INTEGER NOT NULL,
+    position   INTEGER NOT NULL,
+    min_value  TEXT NOT NULL,
+    max_value  TEXT NOT NULL,
+    draw_color INTEGER NOT NULL,
+    draw_style INTEGER NOT NULL,
+    draw_width INTEGER NOT NULL,
+    fill_color INTEGER NOT NULL,
+    fill_style INTEGER NOT NULL,
+    PRIMARY KEY (map_code, layer_id, position),
+    FOREIGN KEY (map_code, layer_id) REFERENCES saved_layers(map_code, layer_id) ON DELETE CASCADE
+) WITHOUT ROWID)";
+
+// The layers of every map, stored or saved, with the settings it shows them
+// with; and their classes after the default one.
+const char* const kMapLayers = R"(
+CREATE VIEW IF NOT EXISTS map_layers AS
+SELECT map_code, position, id AS layer_id, visibility, zoom_min, zoom_max, draw_color, draw_style,
+       draw_width, fill_color, fill_style, label_field, label_zoom_min, label_zoom_max,
+       label_visibility, label_bold, label_color, thematic_field, thematic_type
+  FROM layers
+UNION ALL
+SELECT map_code, position, layer_id, visibility, zoom_min, zoom_max, draw_color, draw_style,
+       draw_width, fill_color, fill_style, label_field, label_zoom_min, label_zoom_max,
+       label_visibility, label_bold, label_color, thematic_field, thematic_type
+  FROM saved_layers)";
+
+const char* const kMapClasses = R"(
+CREATE VIEW IF NOT EXISTS map_classes AS
+SELECT l.map_code, c.layer_id, c.position, c.min_value, c.max_value, c.draw_color, c.draw_style,
+       c.draw_width, c.fill_color, c.fill_style
+  FROM thematic_classes c JOIN layers l ON l.id = c.layer_id
+UNION ALL
+SELECT map_code, layer_id, position, min_value, max_value, draw_color, draw_style, draw_width,
+       fill_color, fill_style
+  FROM saved_classes)";
+
 const char* const kCellsByElement =
     "CREATE INDEX IF NOT EXISTS cells_by_element ON cells (layer_id, element_id)";
 
@@ -125,6 +192,8 @@ const QStringList& Schema::statements()
         QString::fromUtf8(kFields),      QString::fromUtf8(kThematicClasses),
         QString::fromUtf8(kLayerAccess), QString::fromUtf8(kElements),
         QString::fromUtf8(kCells),       QString::fromUtf8(kCellsByElement),
+        QString::fromUtf8(kSavedLayers), QString::fromUtf8(kSavedClasses),
+        QString::fromUtf8(kMapLayers),   QString::fromUtf8(kMapClasses),
     };
     return all;
 }

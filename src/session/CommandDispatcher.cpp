@@ -11,6 +11,7 @@
 #include "session/LayerDefinitionLoader.h"
 #include "session/MapDefinitionLoader.h"
 #include "session/ResultTableLoader.h"
+#include "session/SaveMapLoader.h"
 #include "protocol/messages/MessageIO.h"
 #include "protocol/RequestSender.h"
 #include "session/SessionEvents.h"
@@ -51,6 +52,7 @@ constexpr std::array kRoutes = {
     Route{FindByConditionResult, loadFindResult},
     Route{ResultTable, loadResultTable},
     Route{ChangePasswordAnswer, loadChangePasswordAnswer},
+    Route{SaveMapAnswer, loadSaveMapAnswer},
 };
 
 const Route* routeOf(CommandCode code)

@@ -7,6 +7,7 @@
 #include "protocol/messages/ElementInformationRequest.h"
 #include "protocol/messages/FindByConditionRequest.h"
 #include "session/CommandDispatcher.h"
+#include "session/SaveMapRequestBuilder.h"
 #include "model/MapDocument.h"
 #include "session/SessionEvents.h"
 #include "ui/ConnectionFailure.h"
@@ -91,6 +92,11 @@ void MapSession::queryElements(const messages::ConstrainedElementQuery& query, s
 void MapSession::changePassword(const std::string& oldPassword, const std::string& newPassword)
 {
     sendMessage(connection_, messages::ChangePasswordRequest{document_.IDUser, oldPassword, newPassword});
+}
+
+void MapSession::saveMap(std::int32_t user, const std::string& name)
+{
+    requestSaveMap(connection_, document_, user, name);
 }
 
 void MapSession::identify()

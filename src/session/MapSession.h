@@ -77,6 +77,10 @@ public:
     void queryElements(const messages::ConstrainedElementQuery& query, std::int32_t mode);
     // Asks the server to change the password of the document's user.
     void changePassword(const std::string& oldPassword, const std::string& newPassword);
+    // Asks the server to store the map as the document holds it under a new
+    // name for the user; nothing while replies are awaited (the map is still
+    // loading).
+    void saveMap(std::int32_t user, const std::string& name);
 
 private:
     void installDispatcher(UiServices& ui);

@@ -213,12 +213,14 @@ bool Viewport::resize(int width, int height)
     return true;
 }
 
-float Viewport::CurrentZoom() const
+float Viewport::CurrentZoom() const { return heightOf(viewBox_); }
+
+float Viewport::heightOf(const BoundingBox& box) const
 {
-    const double middle = viewBox_.MinX + (viewBox_.MaxX - viewBox_.MinX) / 2;
+    const double middle = box.MinX + (box.MaxX - box.MinX) / 2;
     MapPoint top;
     MapPoint bottom;
-    if (!project(middle, viewBox_.MaxY, top) || !project(middle, viewBox_.MinY, bottom)) {
+    if (!project(middle, box.MaxY, top) || !project(middle, box.MinY, bottom)) {
         return 0;
     }
     return static_cast<float>(std::abs(top.y - bottom.y) / kMetresPerKilometre);

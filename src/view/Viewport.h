@@ -77,6 +77,8 @@ public:
     bool resize(int width, int height);
     // Height of the view in kilometres (in degrees / 1000 for latitude/longitude).
     float CurrentZoom() const;
+    // The same for any geographic box: its height through the middle, in kilometres.
+    float heightOf(const BoundingBox& box) const;
 
     bool project(double lon, double lat, MapPoint& point) const;
     bool unproject(MapPoint point, double& lon, double& lat) const;

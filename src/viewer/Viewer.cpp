@@ -302,6 +302,23 @@ void Viewer::ChangePassword(const QString& OldPassword, const QString& NewPasswo
     });
 }
 
+void Viewer::MapSetup() { guarded(*this, "MapSetup", [this] { d_->mapSetup(); }); }
+void Viewer::ShowMapReferences() { guarded(*this, "ShowMapReferences", [this] { d_->showMapReferences(); }); }
+void Viewer::RestoreMapReferences()
+{
+    guarded(*this, "RestoreMapReferences", [this] { d_->restoreMapReferences(); });
+}
+void Viewer::HideMapReferences() { guarded(*this, "HideMapReferences", [this] { d_->hideMapReferences(); }); }
+void Viewer::TerminateMapReferences()
+{
+    guarded(*this, "TerminateMapReferences", [this] { d_->terminateMapReferences(); });
+}
+
+void Viewer::SaveMap(int IDUser, const QString& MapName)
+{
+    guarded(*this, "SaveMap", [&] { d_->session().saveMap(IDUser, MapName.toStdString()); });
+}
+
 void Viewer::GetInfo(int IDLayer, int IDElement, bool ReleaseEvent)
 {
     guarded(*this, "GetInfo", [&] { d_->getInfo(IDLayer, IDElement, ReleaseEvent); });

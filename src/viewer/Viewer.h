@@ -247,6 +247,22 @@ public:
     // (.pdf). True when written; another extension, a size or resolution out
     // of range, or a file that cannot be written is an error.
     Q_INVOKABLE bool ExportImage(const QString& FileName, int Width, int Height, int Dpi);
+    // Lets the user reorder, drop and restore the layers, set their zoom
+    // ranges and visibility and the background colour in the dialog
+    // dlgMapSetup; confirmed, the map is drawn again. Nothing happens while
+    // a map loads or when none is loaded.
+    Q_INVOKABLE void MapSetup();
+    // The floating legend of the visible layers' classes: shown (made when
+    // there is none, and built), built again for the current map and view,
+    // hidden, and destroyed.
+    Q_INVOKABLE void ShowMapReferences();
+    Q_INVOKABLE void RestoreMapReferences();
+    Q_INVOKABLE void HideMapReferences();
+    Q_INVOKABLE void TerminateMapReferences();
+    // Asks the server to store the map as it looks now (layer settings and
+    // classes) as a new map of the user IDUser named MapName; nothing while
+    // the map is loading. The answer is told in a message box.
+    Q_INVOKABLE void SaveMap(int IDUser, const QString& MapName);
     // Asks for the grid cells of the view never asked for: geometry of every
     // visible layer, label and direction values where those show.
     void RequestMissingCells();

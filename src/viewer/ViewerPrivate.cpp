@@ -1,4 +1,6 @@
 #include "viewer/ViewerPrivate.h"
+#include "configuration/MapSetup.h"
+#include "configuration/dlgMapReferences.h"
 
 #include "viewer/ActivityShape.h"
 #include "viewer/CToolTip.h"
@@ -808,5 +810,37 @@ void ViewerPrivate::exportImage(const QString& fileName, int width, int height, 
     // The layers list what the export drew; the control's own view lists its own again.
     renderPicture(std::nullopt);
 }
+
+void ViewerPrivate::mapSetup()
+{
+    if (MapSetup(document_, viewport_, *ui_, &viewer_).run()) {
+        drawMap(std::nullopt);
+    }
+}
+
+void ViewerPrivate::showMapReferences()
+{
+    if (!legend_) {
+        legend_ = std::make_unique<dlgMapReferences>(&viewer_);
+    }
+    legend_->build(document_, viewport_.viewBox(), viewer_.palette());
+    legend_->show();
+}
+
+void ViewerPrivate::restoreMapReferences()
+{
+    if (legend_) {
+        legend_->build(document_, viewport_.viewBox(), viewer_.palette());
+    }
+}
+
+void ViewerPrivate::hideMapReferences()
+{
+    if (legend_) {
+        legend_->hide();
+    }
+}
+
+void ViewerPrivate::terminateMapReferences() { legend_.reset(); }
 
 } // namespace orbelan

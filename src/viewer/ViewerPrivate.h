@@ -33,6 +33,7 @@ struct Condition;
 
 class ActivityShape;
 class CToolTip;
+class dlgMapReferences;
 class UiServices;
 class Viewer;
 
@@ -123,6 +124,13 @@ public:
     // The tooltip goes with the pointer.
     void pointerLeft();
     void requestCellsOfView() { session_.cells().requestCellsOfView(); }
+    // The map setup dialog, and the legend window's life.
+    void mapSetup();
+    void showMapReferences();
+    void restoreMapReferences();
+    void hideMapReferences();
+    void terminateMapReferences();
+    dlgMapReferences* mapReferences() const { return legend_.get(); }
 
     void firstShow();
     void hidden();
@@ -241,6 +249,8 @@ private:
     // until they clear them.
     std::int32_t highlightedLayer_ = 0;
     std::vector<std::int32_t> highlighted_;
+    // The legend, while it exists.
+    std::unique_ptr<dlgMapReferences> legend_;
 };
 
 } // namespace orbelan

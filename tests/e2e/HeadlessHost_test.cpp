@@ -10,6 +10,8 @@
 #include "protocol/messages/LoginAnswer.h"
 #include "protocol/messages/LoginRequest.h"
 #include "protocol/messages/MessageIO.h"
+#include "protocol/messages/SaveMapAnswer.h"
+#include "protocol/messages/SaveMapRequest.h"
 #include "ui/ScriptedUiServices.h"
 #include "model/Layers.h"
 #include "viewer/Viewer.h"
@@ -24,6 +26,7 @@
 #include <fstream>
 #include <memory>
 #include <optional>
+#include <tuple>
 #include <sstream>
 #include <vector>
 
@@ -170,6 +173,33 @@ TEST_F(HeadlessHostTest, LoginPrintsItsAnswerAndChangePasswordReachesTheServer)
     expected.insert(expected.end(), change.begin(), change.end());
     ASSERT_TRUE(mapServer.waitForReceived(0, expected.size()));
     EXPECT_EQ(mapServer.received(0), expected);
+}
+
+// SaveMap is a method call that sends the control's map, as the user given
+// and under the name given, over its own connection; the answer is told.
+TEST_F(HeadlessHostTest, SaveMapSendsTheMapShownAndTellsTheAnswer)
+{
+    using namespace orbelan::messages;
+    nettest::LoopbackServer mapServer;
+    const DWBUffer answer = buildMessage(SaveMapAnswer{SaveMapAnswer::kSaved});
+    mapServer.answerEachRequest({Bytes(answer.bytes().begin(), answer.bytes().end())});
+    viewer.setMapCode(2);
+    ASSERT_TRUE(run(QStringLiteral("set URL 127.0.0.1\nset port %1\nSaveMap 7 \"Mi mapa\"\n")
+                        .arg(mapServer.port())
+                        .toUtf8()
+                        .constData()));
+    ASSERT_TRUE(QTest::qWaitFor([this] { return out.str().find("msgbox") != std::string::npos; }));
+    EXPECT_EQ(out.str(), "msgbox none \"Orbelan\" \"Mapa guardado con éxito!\"\n");
+
+    const std::size_t accessSize = buildMessage(AccessRequest{0, 2}).bytes().size();
+    ASSERT_TRUE(mapServer.waitForReceived(0, accessSize + 10));
+    const Bytes received = mapServer.received(0);
+    DWBUffer save(Bytes(received.begin() + static_cast<std::ptrdiff_t>(accessSize), received.end()));
+    ASSERT_EQ(readHeader(save), CommandCode::SaveMap);
+    const SaveMapRequest request = SaveMapRequest::decode(save);
+    EXPECT_EQ(std::tuple(request.user, request.map, request.definition.name), std::tuple(7, 2, "Mi mapa"));
+    ASSERT_EQ(request.layers.size(), 1u);
+    EXPECT_EQ(request.layers[0].settings.id, 3);
 }
 
 } // namespace

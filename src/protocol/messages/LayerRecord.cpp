@@ -6,13 +6,7 @@ namespace orbelan::messages {
 
 void LayerRecord::encode(DWBUffer& message) const
 {
-    message.PutString(name);
-    message.PutLong(id);
-    message.PutInteger(type);
-    encodeGridAndZoom(message);
-    encodeStyleAndLabels(message);
-    message.PutString(thematicField);
-    message.PutInteger(thematicType);
+    encodeSettings(message);
     message.PutInteger(shortCount(fields.size()));
     for (const FieldRecord& field : fields) {
         field.encode(message);
@@ -21,6 +15,17 @@ void LayerRecord::encode(DWBUffer& message) const
     for (const ThematicClassRecord& themeClass : classes) {
         themeClass.encode(message);
     }
+}
+
+void LayerRecord::encodeSettings(DWBUffer& message) const
+{
+    message.PutString(name);
+    message.PutLong(id);
+    message.PutInteger(type);
+    encodeGridAndZoom(message);
+    encodeStyleAndLabels(message);
+    message.PutString(thematicField);
+    message.PutInteger(thematicType);
 }
 
 void LayerRecord::encodeGridAndZoom(DWBUffer& message) const
@@ -54,19 +59,24 @@ void LayerRecord::encodeStyleAndLabels(DWBUffer& message) const
 LayerRecord LayerRecord::decode(DWBUffer& message)
 {
     LayerRecord layer;
-    layer.name = message.GetString();
-    layer.id = message.GetLong();
-    layer.type = message.GetInteger();
-    layer.decodeGridAndZoom(message);
-    layer.decodeStyleAndLabels(message);
-    layer.thematicField = message.GetString();
-    layer.thematicType = message.GetInteger();
+    layer.decodeSettings(message);
     layer.fields = readRecords<FieldRecord>(message, message.GetInteger(),
                                             FieldRecord::kMinimumSize, FieldRecord::decode);
     layer.classes = readRecords<ThematicClassRecord>(message, message.GetInteger(),
                                                      ThematicClassRecord::kMinimumSize,
                                                      ThematicClassRecord::decode);
     return layer;
+}
+
+void LayerRecord::decodeSettings(DWBUffer& message)
+{
+    name = message.GetString();
+    id = message.GetLong();
+    type = message.GetInteger();
+    decodeGridAndZoom(message);
+    decodeStyleAndLabels(message);
+    thematicField = message.GetString();
+    thematicType = message.GetInteger();
 }
 
 void LayerRecord::decodeGridAndZoom(DWBUffer& message)

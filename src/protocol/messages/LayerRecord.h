@@ -53,6 +53,11 @@ struct LayerRecord {
     static LayerRecord decode(DWBUffer& message);
     bool operator==(const LayerRecord&) const = default;
 
+    // Every field from the name to the thematic type: what a saved map's
+    // layer record shares with this one.
+    void encodeSettings(DWBUffer& message) const;
+    void decodeSettings(DWBUffer& message);
+
 private:
     void encodeGridAndZoom(DWBUffer& message) const;
     void encodeStyleAndLabels(DWBUffer& message) const;

@@ -8,6 +8,15 @@ namespace orbelan::messages {
 
 void MapDefinition::encode(DWBUffer& message) const
 {
+    encodeHeader(message);
+    message.PutInteger(shortCount(layers.size()));
+    for (const LayerRecord& layer : layers) {
+        layer.encode(message);
+    }
+}
+
+void MapDefinition::encodeHeader(DWBUffer& message) const
+{
     message.PutString(name);
     message.PutSingle(minX);
     message.PutSingle(minY);
@@ -15,10 +24,6 @@ void MapDefinition::encode(DWBUffer& message) const
     message.PutSingle(maxY);
     message.PutLong(background);
     message.PutInteger(projection);
-    message.PutInteger(shortCount(layers.size()));
-    for (const LayerRecord& layer : layers) {
-        layer.encode(message);
-    }
 }
 
 MapDefinition MapDefinition::decode(DWBUffer& message)
@@ -32,6 +37,12 @@ MapDefinition MapDefinition::decode(DWBUffer& message)
 
 void MapDefinition::decodeEach(DWBUffer& message, MapDefinition& map, const std::function<void(Field)>& afterField,
                                const std::function<void(LayerRecord&&)>& onLayer)
+{
+    decodeHeader(message, map, afterField);
+    forEachRecord(message, message.GetInteger(), LayerRecord::decode, onLayer);
+}
+
+void MapDefinition::decodeHeader(DWBUffer& message, MapDefinition& map, const std::function<void(Field)>& afterField)
 {
     const auto stored = [&afterField](Field field) {
         if (afterField) {
@@ -49,7 +60,6 @@ void MapDefinition::decodeEach(DWBUffer& message, MapDefinition& map, const std:
     stored(Field::Background);
     map.projection = message.GetInteger();
     stored(Field::Projection);
-    forEachRecord(message, message.GetInteger(), LayerRecord::decode, onLayer);
 }
 
 } // namespace orbelan::messages

@@ -30,6 +30,10 @@ struct MapDefinition {
 
     void encode(DWBUffer& message) const;
     static MapDefinition decode(DWBUffer& message);
+    // The map's own fields alone (name to projection), which a saved map
+    // shares; decodeHeader calls afterField, when given, as each is stored.
+    void encodeHeader(DWBUffer& message) const;
+    static void decodeHeader(DWBUffer& message, MapDefinition& map, const std::function<void(Field)>& afterField);
     // Reads the message in order: the map's own fields into map, calling
     // afterField as each one is stored, then each layer record, handed to
     // onLayer as soon as it is whole (map.layers stays as it was). A message

@@ -6,6 +6,11 @@ void ThematicClassRecord::encode(DWBUffer& message) const
 {
     message.PutString(minimum);
     message.PutString(maximum);
+    encodeStyle(message);
+}
+
+void ThematicClassRecord::encodeStyle(DWBUffer& message) const
+{
     message.PutLong(drawColor);
     message.PutInteger(drawStyle);
     message.PutInteger(drawWidth);
@@ -18,12 +23,17 @@ ThematicClassRecord ThematicClassRecord::decode(DWBUffer& message)
     ThematicClassRecord record;
     record.minimum = message.GetString();
     record.maximum = message.GetString();
-    record.drawColor = message.GetLong();
-    record.drawStyle = message.GetInteger();
-    record.drawWidth = message.GetInteger();
-    record.fillColor = message.GetLong();
-    record.fillStyle = message.GetInteger();
+    record.decodeStyle(message);
     return record;
+}
+
+void ThematicClassRecord::decodeStyle(DWBUffer& message)
+{
+    drawColor = message.GetLong();
+    drawStyle = message.GetInteger();
+    drawWidth = message.GetInteger();
+    fillColor = message.GetLong();
+    fillStyle = message.GetInteger();
 }
 
 } // namespace orbelan::messages

@@ -24,6 +24,10 @@ struct ThematicClassRecord {
     void encode(DWBUffer& message) const;
     static ThematicClassRecord decode(DWBUffer& message);
     bool operator==(const ThematicClassRecord&) const = default;
+
+    // The five style fields alone, in wire order.
+    void encodeStyle(DWBUffer& message) const;
+    void decodeStyle(DWBUffer& message);
 };
 
 } // namespace orbelan::messages
