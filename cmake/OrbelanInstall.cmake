@@ -7,7 +7,8 @@ include(CMakePackageConfigHelpers)
 
 set(ORBELAN_COMPONENT_LIBRARIES
   orbelan_wire orbelan_messages orbelan_net orbelan_model orbelan_projection
-  orbelan_ui orbelan_view orbelan_render orbelan_query orbelan_session orbelan_configuration orbelan_viewer orbelan_login)
+  orbelan_ui orbelan_view orbelan_render orbelan_raster orbelan_query orbelan_session orbelan_configuration
+  orbelan_viewer orbelan_login)
 
 install(TARGETS ${ORBELAN_COMPONENT_LIBRARIES}
   EXPORT OrbelanTargets

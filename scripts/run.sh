@@ -15,14 +15,16 @@ cmake --preset default
 cmake --build build
 
 store=build/demo.sqlite
+# The demo writes the raster files of its image layers here; the viewer's ImagePath.
+images=build/demo-images
 port=10010
-if [[ ! -f "$store" ]]; then
+if [[ ! -f "$store" || ! -f "$images/relieve_santiago.tif" ]]; then
   # The United States and World maps come from npm data packages.
   if ! command -v npm >/dev/null && [[ $(id -u) -eq 0 ]]; then
     DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends npm ||
       echo "npm could not be installed: the demo is built without the United States and World maps." >&2
   fi
-  build/bin/orbelan-server demo --db "$store"
+  build/bin/orbelan-server demo --db "$store" --images "$images"
 fi
 
 build/bin/orbelan-server serve --db "$store" --listen 127.0.0.1 --port "$port" &
@@ -40,7 +42,7 @@ for _ in $(seq 50); do
 done
 
 # The tooltip names the street under the resting mouse.
-viewer=(build/bin/orbelan-viewer --url 127.0.0.1 --port "$port" --user admin --password admin --map 1 --tooltip 101)
+viewer=(build/bin/orbelan-viewer --url 127.0.0.1 --port "$port" --user admin --password admin --map 1 --tooltip 101 --image-path "$images")
 if [[ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]]; then
   "${viewer[@]}" "$@"
 else

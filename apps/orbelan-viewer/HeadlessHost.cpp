@@ -1,4 +1,5 @@
 #include "orbelan-viewer/HeadlessHost.h"
+#include "orbelan-viewer/HostOptions.h"
 
 #include "orbelan-viewer/EventRelay.h"
 #include "viewer/InputCodes.h"
@@ -183,6 +184,7 @@ void HeadlessHost::addCommands()
         {"layer-visibility", bind(&HeadlessHost::setLayerVisibility)},
         {"EditInfo", bind(&HeadlessHost::editInfo)},
         {"login", bind(&HeadlessHost::checkLogin)},
+        {"export", bind(&HeadlessHost::exportImage)},
         {"quit", [this](const QStringList&) { quit(); }},
     };
 }
@@ -421,6 +423,18 @@ bool HeadlessHost::saveImage(const QString& path)
         return false;
     }
     return true;
+}
+
+// export FILE [WxH] [DPI]: the control's size and 96 dots per inch unless given.
+void HeadlessHost::exportImage(const QStringList& arguments)
+{
+    const auto size = arguments.size() >= 2 ? HostOptions::parseSize(arguments[1]) : viewer_.size();
+    const auto dpi = arguments.size() == 3 ? toInt(arguments[2]) : 96;
+    if (arguments.isEmpty() || arguments.size() > 3 || !size || !dpi) {
+        error(QStringLiteral("export needs FILE [WIDTHxHEIGHT] [DPI]"));
+        return;
+    }
+    viewer_.ExportImage(arguments[0], size->width(), size->height(), *dpi);
 }
 
 void HeadlessHost::answer(const QStringList& arguments)

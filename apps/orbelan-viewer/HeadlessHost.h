@@ -79,6 +79,7 @@ private:
     void setLayerVisibility(const QStringList& arguments);
     void editInfo(const QStringList& arguments);
     void checkLogin(const QStringList& arguments);
+    void exportImage(const QStringList& arguments);
 
     bool saveImage(const QString& path);
     bool failureShown() const;

@@ -32,7 +32,9 @@ std::optional<int> integer(const QCommandLineParser& parser, const QString& name
     return value;
 }
 
-std::optional<QSize> parseSize(const QString& text)
+} // namespace
+
+std::optional<QSize> HostOptions::parseSize(const QString& text)
 {
     static const QRegularExpression pattern(QStringLiteral("^(\\d{1,5})x(\\d{1,5})$"));
     const QRegularExpressionMatch match = pattern.match(text);
@@ -41,8 +43,6 @@ std::optional<QSize> parseSize(const QString& text)
     }
     return QSize(match.captured(1).toInt(), match.captured(2).toInt());
 }
-
-} // namespace
 
 std::optional<HostOptions> HostOptions::parse(const QStringList& arguments, int& exitCode)
 {
@@ -62,6 +62,7 @@ std::optional<HostOptions> HostOptions::parse(const QStringList& arguments, int&
         {"no-show", "Do not show the control at start."},
         {"snapshot", "Headless: save the map's image to FILE once it has loaded, then exit.", "FILE"},
         {"settings", "Keep the control's properties in this INI file.", "FILE"},
+        {"image-path", "Folder of the raster files of image layers (ImagePath).", "DIR"},
     });
     exitCode = 0;
     if (!parser.parse(arguments)) {
@@ -110,6 +111,9 @@ std::optional<HostOptions> HostOptions::parse(const QStringList& arguments, int&
     options.commandsFile = parser.value("commands");
     options.settingsFile = parser.value("settings");
     options.snapshotFile = parser.value("snapshot");
+    if (parser.isSet("image-path")) {
+        options.imagePath = parser.value("image-path");
+    }
     if (!options.snapshotFile.isEmpty()) {
         options.headless = true;
     }

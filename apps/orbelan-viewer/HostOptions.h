@@ -29,10 +29,14 @@ struct HostOptions {
     QString snapshotFile;
     // Where the control's properties persist; empty means the user's settings.
     QString settingsFile;
+    // The folder of the raster files of image layers (ImagePath).
+    std::optional<QString> imagePath;
 
     // Parses the arguments (argv[0] first). Prints help or an error and
     // returns nothing when the program should stop; exitCode tells how.
     static std::optional<HostOptions> parse(const QStringList& arguments, int& exitCode);
+    // WIDTHxHEIGHT (800x600), each up to five digits; nothing for other text.
+    static std::optional<QSize> parseSize(const QString& text);
 };
 
 } // namespace orbelan

@@ -9,6 +9,7 @@
 #include "viewer/tools/ToolCursors.h"
 
 #include <QActionGroup>
+#include <QFileDialog>
 #include <QMenuBar>
 #include <QMetaMethod>
 #include <QPainter>
@@ -114,6 +115,7 @@ void MainWindow::addMenus()
     QMenu* file = menuBar()->addMenu(tr("&File"));
     file->addAction(tr("Change password…"), this, &MainWindow::changePassword)
         ->setObjectName(QStringLiteral("mnuChangePassword"));
+    file->addAction(tr("Export…"), this, &MainWindow::exportMap)->setObjectName(QStringLiteral("mnuExport"));
     file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
 
     QMenu* map = menuBar()->addMenu(tr("&Map"));
@@ -148,6 +150,20 @@ void MainWindow::changePassword()
     dlgChangePassword form(ui_, this);
     if (ui_.execDialog(form) == QDialog::Accepted) {
         viewer_->ChangePassword(form.oldPassword(), form.newPassword());
+    }
+}
+
+// The view as the control shows it, at its size and the screen's resolution;
+// an error shows in the status bar.
+void MainWindow::exportMap()
+{
+    QFileDialog chooser(this, tr("Export the map"), QString(), tr("PNG picture (*.png);;PDF document (*.pdf)"));
+    chooser.setObjectName(QStringLiteral("dlgExport"));
+    chooser.setAcceptMode(QFileDialog::AcceptSave);
+    chooser.setDefaultSuffix(QStringLiteral("png"));
+    if (ui_.execDialog(chooser) == QDialog::Accepted && !chooser.selectedFiles().isEmpty()) {
+        viewer_->ExportImage(chooser.selectedFiles().constFirst(), viewer_->width(), viewer_->height(),
+                             viewer_->logicalDpiY());
     }
 }
 

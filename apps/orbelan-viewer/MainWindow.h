@@ -23,6 +23,7 @@ private:
     void addToolBar();
     void reportEvents();
     void changePassword();
+    void exportMap();
 
     Viewer* viewer_;
     UiServices& ui_;

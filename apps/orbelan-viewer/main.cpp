@@ -42,6 +42,7 @@ void configure(Viewer& viewer, const HostOptions& options, const PropertyBag& ba
     if (options.user) viewer.setIDUser(*options.user);
     if (options.map) viewer.setMapCode(*options.map);
     if (options.toolTipLayer) viewer.SetToolTip(*options.toolTipLayer, QString());
+    if (options.imagePath) viewer.setImagePath(*options.imagePath);
     viewer.resize(options.size);
 }
 

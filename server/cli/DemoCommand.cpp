@@ -9,6 +9,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <QDir>
+#include <QFileInfo>
 
 #include <iostream>
 
@@ -30,17 +31,25 @@ int DemoCommand::run(const QStringList& arguments)
              "missing (default: demo-data beside the program's folder)."),
          QStringLiteral("DIR"),
          QCoreApplication::applicationDirPath() + QStringLiteral("/../demo-data")},
+        {QStringLiteral("images"),
+         QStringLiteral("Folder for the raster files of image layers, the viewer's ImagePath "
+                        "(default: demo-images beside the map store)."),
+         QStringLiteral("DIR")},
         {QStringLiteral("offline"),
          QStringLiteral("Do not run npm; use the data folder as it is.")},
     });
     parser.process(arguments);
 
-    Database database(OptionValues::required(parser, QStringLiteral("db")));
+    const QString store = OptionValues::required(parser, QStringLiteral("db"));
+    Database database(store);
+    const QString images = parser.isSet(QStringLiteral("images"))
+                               ? parser.value(QStringLiteral("images"))
+                               : QFileInfo(store).absoluteDir().filePath(QStringLiteral("demo-images"));
     const QString data = QDir::cleanPath(parser.value(QStringLiteral("data")));
     if (!parser.isSet(QStringLiteral("offline"))) {
         DemoData::fetch(data, std::cout);
     }
-    DemoBuilder(database, std::cout).build(data);
+    DemoBuilder(database, std::cout).build(data, QDir::cleanPath(images));
     return 0;
 }
 

@@ -6,6 +6,11 @@
 #include "storage/MapWriter.h"
 #include "storage/UserStore.h"
 #include "demo/SantiagoGenerator.h"
+#include "demo/SantiagoRelief.h"
+
+#include <QDir>
+
+#include <stdexcept>
 
 namespace orbelan::server {
 
@@ -49,9 +54,9 @@ DemoBuilder::DemoBuilder(Database& database, std::ostream& report)
 {
 }
 
-void DemoBuilder::build(const QString& dataFolder)
+void DemoBuilder::build(const QString& dataFolder, const QString& imageFolder)
 {
-    database_.transaction([this, &dataFolder] {
+    database_.transaction([this, &dataFolder, &imageFolder] {
         MapWriter writer(database_);
         for (const std::int32_t code : kDemoMaps) {
             writer.removeMap(code);
@@ -61,10 +66,26 @@ void DemoBuilder::build(const QString& dataFolder)
         report_ << "Santiago (map " << SantiagoGenerator::kMapCode << "): " << counts.streets
                 << " street segments, " << counts.parcels << " parcels, " << counts.places
                 << " places of interest\n";
+        writeRelief(santiago, imageFolder);
         importAtlases(dataFolder);
         addUsers();
         MapWriter(database_).indexAttributes();
     });
+}
+
+void DemoBuilder::writeRelief(const SantiagoGenerator& santiago, const QString& imageFolder)
+{
+    if (imageFolder.isEmpty()) {
+        return;
+    }
+    if (!QDir().mkpath(imageFolder)) {
+        throw std::runtime_error("cannot make the image folder " + imageFolder.toStdString());
+    }
+    const QString path = QDir(imageFolder).filePath(QString::fromLatin1(SantiagoRelief::kFileName));
+    const std::array<double, 4> box = santiago.extent();
+    SantiagoRelief::write(path.toStdString(), box[0], box[1], box[2], box[3]);
+    report_ << "Santiago's shaded relief (layer " << SantiagoGenerator::kReliefLayer << "): " << path.toStdString()
+            << "\n";
 }
 
 void DemoBuilder::importAtlases(const QString& dataFolder)

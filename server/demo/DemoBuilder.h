@@ -8,6 +8,8 @@
 
 namespace orbelan::server {
 
+class SantiagoGenerator;
+
 // Builds the demo maps and users into a map store, replacing the demo maps
 // it may already hold, in one transaction, and says what it built and what
 // it skipped.
@@ -25,11 +27,14 @@ public:
 
     // Imports the United States and World maps from the data folder when it
     // holds the data packages (DemoData), and says it skipped them otherwise.
-    void build(const QString& dataFolder = {});
+    // With an image folder, Santiago's shaded relief is written there (the
+    // folder is made when missing); its layer is in the map either way.
+    void build(const QString& dataFolder = {}, const QString& imageFolder = {});
 
 private:
     void importAtlases(const QString& dataFolder);
     void addUsers();
+    void writeRelief(const SantiagoGenerator& santiago, const QString& imageFolder);
 
     Database& database_;
     std::ostream& report_;

@@ -2,6 +2,7 @@
 
 #include "protocol/FieldTypes.h"
 #include "demo/SantiagoNames.h"
+#include "demo/SantiagoRelief.h"
 
 #include <cmath>
 #include <map>
@@ -62,6 +63,16 @@ messages::LayerRecord parcelsLayer()
         layer.classes.push_back({std::string(use.name), std::string(use.name), rgb(160, 160, 160),
                                  0, 1, use.fillColor, 0});
     }
+    return layer;
+}
+
+// No grid cells: the viewer draws the file of the layer's name.
+messages::LayerRecord reliefLayer()
+{
+    messages::LayerRecord layer;
+    layer.id = SantiagoGenerator::kReliefLayer;
+    layer.name = SantiagoRelief::kFileName;
+    layer.type = 5;
     return layer;
 }
 
@@ -140,21 +151,30 @@ SantiagoGenerator::Counts SantiagoGenerator::build()
     return counts_;
 }
 
-void SantiagoGenerator::createMapAndLayers()
+std::array<double, 4> SantiagoGenerator::extent() const
 {
     const messages::WirePoint southWest = grid_.node(0, 0);
     const messages::WirePoint northEast =
         grid_.node(SantiagoGrid::kBlocksEastWest, SantiagoGrid::kBlocksNorthSouth);
+    // As the map definition carries them.
+    return {static_cast<float>(southWest.x - 0.002), static_cast<float>(southWest.y - 0.002),
+            static_cast<float>(northEast.x + 0.002), static_cast<float>(northEast.y + 0.002)};
+}
+
+void SantiagoGenerator::createMapAndLayers()
+{
+    const std::array<double, 4> box = extent();
     messages::MapDefinition header;
     header.name = "Santiago";
-    header.minX = static_cast<float>(southWest.x - 0.002);
-    header.minY = static_cast<float>(southWest.y - 0.002);
-    header.maxX = static_cast<float>(northEast.x + 0.002);
-    header.maxY = static_cast<float>(northEast.y + 0.002);
+    header.minX = static_cast<float>(box[0]);
+    header.minY = static_cast<float>(box[1]);
+    header.maxX = static_cast<float>(box[2]);
+    header.maxY = static_cast<float>(box[3]);
     header.background = rgb(250, 250, 245);
     header.projection = kUtm19South;
     writer_.createMap(kMapCode, header);
     writer_.addLayer(kMapCode, parcelsLayer());
+    writer_.addLayer(kMapCode, reliefLayer());
     writer_.addLayer(kMapCode, streetsLayer());
     writer_.addLayer(kMapCode, placesLayer());
 }

@@ -4,6 +4,7 @@
 #include "storage/MapWriter.h"
 #include "demo/SantiagoGrid.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -20,6 +21,8 @@ public:
     static constexpr std::int32_t kStreetsLayer = 101;
     static constexpr std::int32_t kParcelsLayer = 102;
     static constexpr std::int32_t kPlacesLayer = 103;
+    // The shaded relief (SantiagoRelief), an image layer between the parcels and the streets.
+    static constexpr std::int32_t kReliefLayer = 104;
     static constexpr int kPlaceCount = 1200;
 
     struct Counts {
@@ -31,6 +34,8 @@ public:
     explicit SantiagoGenerator(MapWriter& writer);
 
     Counts build();
+    // The map's extent in degrees: west, south, east, north.
+    std::array<double, 4> extent() const;
 
 private:
     void createMapAndLayers();

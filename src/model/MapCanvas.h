@@ -52,6 +52,10 @@ public:
     // or the middle of its starting side (align 3), all as the text turns.
     virtual void DrawRotatedText(double X, double Y, double angle, const std::string& text, bool bold,
                                  std::int32_t color, std::int16_t align) = 0;
+    // The raster image of that number over the part of the view it covers,
+    // on top of what is drawn so far; nothing when the view has no such image
+    // or the image lies wholly outside the view.
+    virtual void DrawImage(std::int32_t ImageNumber) = 0;
 };
 
 } // namespace orbelan

@@ -535,6 +535,7 @@ void layer::Redraw(const BoundingBox& BBox, MapCanvas& Wnd)
         return;
     }
     if (Tipo == ImageLayer) {
+        drawImage(Wnd);
         return;
     }
     if (!BBox.InterseccionCon(bb) || Entidades.count() == 0) {
@@ -590,9 +591,19 @@ void layer::redrawCompletely(const BoundingBox& BBox, MapCanvas& Wnd)
     }
 }
 
+void layer::drawImage(MapCanvas& Wnd) const
+{
+    if (ImageNumber != -1) {
+        Wnd.DrawImage(ImageNumber);
+    }
+}
+
 void layer::RedrawWOCalc(const BoundingBox& BBox, MapCanvas& Wnd)
 {
     Visible = CalculateVisibility();
+    if (Visible && Tipo == ImageLayer) {
+        drawImage(Wnd);
+    }
     if (!Visible || Tipo == ImageLayer || !BBox.InterseccionCon(bb)) {
         return;
     }

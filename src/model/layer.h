@@ -197,7 +197,7 @@ public:
     // entity the view shows, classes recomputed when CalculateThemes).
     // Either way CalculateThemes is cleared after. A hidden layer, or one
     // that the view misses or that has no entities, empties DrawnIDs. Image
-    // layers draw no entities.
+    // layers draw their image (ImageNumber, unless -1) instead of entities.
     void Redraw(const BoundingBox& BBox, MapCanvas& Wnd);
     // Stores Visible and draws DrawnIDs again as they were drawn last.
     void RedrawWOCalc(const BoundingBox& BBox, MapCanvas& Wnd);
@@ -240,6 +240,8 @@ private:
     std::int32_t numericClass(std::string_view value) const;
     void redrawIncrementally(const std::vector<std::int32_t>& newIDs, const BoundingBox& BBox, MapCanvas& Wnd);
     void redrawCompletely(const BoundingBox& BBox, MapCanvas& Wnd);
+    // An image layer shows its image when the view has one for it.
+    void drawImage(MapCanvas& Wnd) const;
 
     const ParentMap* parent_;
     orbelan::ThematicMap themes_;

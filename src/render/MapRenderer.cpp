@@ -30,7 +30,23 @@ void MapRenderer::render(QImage& picture, const Viewport& view, MapDocument& doc
         return;
     }
     QtMapCanvas canvas(picture, view, palette_);
+    drawLayers(canvas, view, document, onlyLayer);
+}
+
+void MapRenderer::render(QPaintDevice& device, QSize size, const Viewport& view, MapDocument& document) const
+{
+    QtMapCanvas canvas(device, size, view, palette_);
+    canvas.fill(olecolor::toQColor(document.BackgroundColor, palette_));
+    if (view.viewReady()) {
+        drawLayers(canvas, view, document, std::nullopt);
+    }
+}
+
+void MapRenderer::drawLayers(QtMapCanvas& canvas, const Viewport& view, MapDocument& document,
+                             std::optional<std::int32_t> onlyLayer) const
+{
     canvas.setTextMetrics(font_, dotsPerInch_);
+    canvas.setRasters(rasters_);
     const BoundingBox& box = view.viewBox();
     for (layer& mapLayer : document.Layers()) {
         if (!onlyLayer || mapLayer.IDLayer == *onlyLayer) {
@@ -57,6 +73,16 @@ void MapRenderer::highlight(QImage& picture, const Viewport& view, layer& target
     for (const std::int32_t id : ids) {
         target.resaltar(id, view.viewBox(), canvas);
     }
+}
+
+void MapRenderer::drawImage(QImage& picture, const Viewport& view, std::int32_t imageNumber) const
+{
+    if (!view.viewReady() || picture.isNull()) {
+        return;
+    }
+    QtMapCanvas canvas(picture, view, palette_);
+    canvas.setRasters(rasters_);
+    canvas.DrawImage(imageNumber);
 }
 
 } // namespace orbelan

@@ -8,10 +8,14 @@
 #include <span>
 
 class QImage;
+class QPaintDevice;
+class QSize;
 
 namespace orbelan {
 
 class MapDocument;
+class QtMapCanvas;
+class RasterImages;
 class Viewport;
 class layer;
 
@@ -31,20 +35,33 @@ public:
 
     void setPalette(const QPalette& palette) { palette_ = palette; }
     void setTextMetrics(const QFont& font, int dotsPerInch);
+    // The raster images that image layers draw, by number (not owned); without
+    // them image layers draw nothing.
+    void setRasters(const RasterImages* rasters) { rasters_ = rasters; }
 
     // With onlyLayer, that layer is drawn anew and the others as they were
     // drawn last (their drawn elements are not looked up again).
     void render(QImage& picture, const Viewport& view, MapDocument& document,
                 std::optional<std::int32_t> onlyLayer = std::nullopt) const;
 
+    // The same on any paint device (a PDF page) of the given size in pixels,
+    // every layer drawn anew.
+    void render(QPaintDevice& device, QSize size, const Viewport& view, MapDocument& document) const;
+
     // Draws the elements of the layer highlighted over the picture.
     void highlight(QImage& picture, const Viewport& view, layer& target,
                    std::span<const std::int32_t> ids) const;
+    // Draws the raster image of that number over the picture.
+    void drawImage(QImage& picture, const Viewport& view, std::int32_t imageNumber) const;
 
 private:
+    void drawLayers(QtMapCanvas& canvas, const Viewport& view, MapDocument& document,
+                    std::optional<std::int32_t> onlyLayer) const;
+
     QPalette palette_;
     QFont font_;
     int dotsPerInch_;
+    const RasterImages* rasters_ = nullptr;
 };
 
 } // namespace orbelan

@@ -2,6 +2,7 @@
 
 #include "render/DirectionMark.h"
 #include "render/OleColor.h"
+#include "render/RasterPlacement.h"
 #include "render/RotatedTextStart.h"
 
 #include <algorithm>
@@ -119,6 +120,19 @@ QtMapCanvas::QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& 
     // The pixels are taken before the painter opens: it paints on the same.
     painter_.begin(&picture);
     setMargin(lineWidth_);
+}
+
+// No pixels to set directly: lines and labels go through the painter.
+QtMapCanvas::QtMapCanvas(QPaintDevice& device, QSize size, const Viewport& view, const QPalette& palette)
+    : thin_(noPixels_), view_(view), palette_(palette), picture_(QPointF(0, 0), QSizeF(size)), turnedLabels_(noPixels_)
+{
+    painter_.begin(&device);
+    setMargin(lineWidth_);
+}
+
+void QtMapCanvas::fill(const QColor& colour)
+{
+    painter_.fillRect(picture_, colour);
 }
 
 QtMapCanvas::~QtMapCanvas()
@@ -522,6 +536,21 @@ void QtMapCanvas::DrawRotatedText(double X, double Y, double angle, const std::s
         return;
     }
     turnedLabels_.draw(painter_, start, turn, glyphs, {advance, face.height}, this->color(color));
+}
+
+void QtMapCanvas::DrawImage(std::int32_t ImageNumber)
+{
+    const RasterSource* source = rasters_ ? rasters_->find(ImageNumber) : nullptr;
+    if (source == nullptr) {
+        return;
+    }
+    const std::optional<RasterPlacement> placement = RasterPlacement::place(source->extent(), view_);
+    if (!placement) {
+        return;
+    }
+    // What is drawn before lies under the image.
+    flushLines();
+    painter_.drawImage(placement->screen.topLeft(), source->read(placement->world, placement->screen.size()));
 }
 
 } // namespace orbelan

@@ -3,6 +3,7 @@
 #include "render/LabelFonts.h"
 #include "model/MapCanvas.h"
 #include "render/PixelLines.h"
+#include "render/RasterImages.h"
 #include "render/TurnedLabels.h"
 #include "view/Viewport.h"
 
@@ -43,6 +44,10 @@ namespace orbelan {
 class QtMapCanvas : public MapCanvas {
 public:
     QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& palette);
+    // A surface of the given size in pixels on any paint device, a PDF page
+    // say: everything is drawn through the painter, so lines and polygons
+    // stay vectors there.
+    QtMapCanvas(QPaintDevice& device, QSize size, const Viewport& view, const QPalette& palette);
     ~QtMapCanvas() override;
     QtMapCanvas(const QtMapCanvas&) = delete;
     QtMapCanvas& operator=(const QtMapCanvas&) = delete;
@@ -57,6 +62,10 @@ public:
     void DrawDirectionMark(ScreenPoint from, ScreenPoint to, std::int16_t direction) override;
     void DrawRotatedText(double X, double Y, double angle, const std::string& text, bool bold, std::int32_t color,
                          std::int16_t align) override;
+    // The image is read for the visible part of it only, at the size drawn.
+    void DrawImage(std::int32_t ImageNumber) override;
+    // The raster images DrawImage finds by number (not owned); none by default.
+    void setRasters(const RasterImages* rasters) { rasters_ = rasters; }
 
     // What labels are measured and sized with: the control's own font, in
     // which a label's offsets from its anchor are measured, and the
@@ -64,11 +73,15 @@ public:
     // pixels. By default the application font at 96 dots per inch.
     void setTextMetrics(const QFont& surfaceFont, int logicalDpiY);
 
+    // Clears the whole surface with the colour.
+    void fill(const QColor& colour);
     // The Qt styles of the control's pen and fill style numbers.
     static Qt::PenStyle penStyle(std::int32_t DrawStyle);
     static Qt::BrushStyle brushStyle(std::int32_t FillStyle);
 
 private:
+    // What the pixel writers get on a device without pixels of its own.
+    QImage noPixels_;
     void setPen(std::int32_t color, std::int32_t style, std::int32_t width);
     void setBrush(std::int32_t style, std::int32_t color);
     QColor color(std::int32_t value) const;
@@ -112,6 +125,7 @@ private:
     QFontMetricsF surfaceMetrics_{QFont()};
     LabelFonts labelFonts_{96};
     TurnedLabels turnedLabels_;
+    const RasterImages* rasters_ = nullptr;
 };
 
 } // namespace orbelan

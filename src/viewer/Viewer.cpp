@@ -211,7 +211,7 @@ void Viewer::setOrigenY(float y)
     guarded(*this, "origenY", [&] { d_->centreView({d_->viewport().centre().x, y}); });
 }
 Layers& Viewer::Layers() { return d_->document().Layers(); }
-void Viewer::setLayers(orbelan::Layers layers) { d_->document().setLayers(std::move(layers)); }
+void Viewer::setLayers(orbelan::Layers layers) { d_->replaceLayers(std::move(layers)); }
 const Viewport& Viewer::viewport() const { return d_->viewport(); }
 
 void Viewer::InitProperties()
@@ -239,6 +239,7 @@ void Viewer::ReadProperties(const PropertyBag& bag)
     connection.socket().setRemotePort(static_cast<quint16>(readNumber(bag, kPortKey, kDefaultPort, 0, kMaximumPort)));
     d_->document().MapCode = readNumber<std::int32_t>(bag, kMapCodeKey, 1);
     d_->document().IDUser = readNumber<std::int32_t>(bag, kIdUserKey, 0);
+    d_->setImagePath(bag.ReadProperty(kImagePathKey, QString()).toString());
     connection.resetPendingRequests();
     d_->applyColors();
 }
@@ -256,6 +257,7 @@ void Viewer::WriteProperties(PropertyBag& bag) const
     bag.WriteProperty(kPortKey, number(port()), number(0));
     bag.WriteProperty(kMapCodeKey, number(MapCode()), number(1));
     bag.WriteProperty(kIdUserKey, number(IDUser()), number(0));
+    bag.WriteProperty(kImagePathKey, ImagePath(), QString());
 }
 
 void Viewer::About()
@@ -516,6 +518,46 @@ void Viewer::keyPressed(const QKeyEvent& event)
 QFont Viewer::ambientFont() const
 {
     return parentWidget() ? parentWidget()->font() : QApplication::font();
+}
+
+QString Viewer::ImagePath() const { return d_->images().path(); }
+
+void Viewer::setImagePath(const QString& path)
+{
+    guarded(*this, kImagePathKey, [&] {
+        if (d_->setImagePath(path)) {
+            emit propertyChanged(kImagePathKey);
+        }
+    });
+}
+
+int Viewer::LoadRasterFile(const QString& FileName)
+{
+    int number = -1;
+    guarded(*this, "LoadRasterFile", [&] { number = d_->images().load(FileName); });
+    return number;
+}
+
+bool Viewer::RendererExists(int Index) const { return d_->images().exists(Index); }
+
+void Viewer::DrawImageLayer(int IDLayer)
+{
+    guarded(*this, "DrawImageLayer", [&] { d_->drawImageLayer(IDLayer); });
+}
+
+void Viewer::SnapShot()
+{
+    guarded(*this, "SnapShot", [this] { d_->snapShot(); });
+}
+
+bool Viewer::ExportImage(const QString& FileName, int Width, int Height, int Dpi)
+{
+    bool written = false;
+    guarded(*this, "ExportImage", [&] {
+        d_->exportImage(FileName, Width, Height, Dpi);
+        written = true;
+    });
+    return written;
 }
 
 } // namespace orbelan

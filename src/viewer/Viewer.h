@@ -53,6 +53,7 @@ class Viewer : public QWidget {
     Q_PROPERTY(float origenX READ origenX WRITE setOrigenX)
     Q_PROPERTY(float origenY READ origenY WRITE setOrigenY)
     Q_PROPERTY(int Tool READ currentTool NOTIFY toolChanged)
+    Q_PROPERTY(QString ImagePath READ ImagePath WRITE setImagePath)
 
 public:
     // Keys of the persisted properties in the host's property bag.
@@ -67,6 +68,7 @@ public:
     static constexpr const char* kPortKey = "Port";
     static constexpr const char* kMapCodeKey = "MapCode";
     static constexpr const char* kIdUserKey = "IDUser";
+    static constexpr const char* kImagePathKey = "ImagePath";
 
     explicit Viewer(QWidget* parent = nullptr);
     ~Viewer() override;
@@ -222,6 +224,29 @@ public:
     // Asks the server to change the password of the user IDUser; the answer
     // is told in a message box.
     Q_INVOKABLE void ChangePassword(const QString& OldPassword, const QString& NewPassword);
+    // The folder of the raster files of image layers, without a trailing
+    // separator (persisted). A new folder re-binds every image layer to the
+    // file of its ImageName there, or leaves it without image (ImageNumber
+    // -1) when the folder lacks it, and the map is drawn again; setting the
+    // same folder again does nothing.
+    QString ImagePath() const;
+    void setImagePath(const QString& path);
+    // Opens ImagePath/FileName as a new raster image and returns its number,
+    // or -1 when there is no such file (or it is no raster that can be placed).
+    Q_INVOKABLE int LoadRasterFile(const QString& FileName);
+    // True when a raster image with that number was loaded.
+    Q_INVOKABLE bool RendererExists(int Index) const;
+    // Draws the image of image layer IDLayer over the part of the control
+    // that it covers, read for that part only.
+    Q_INVOKABLE void DrawImageLayer(int IDLayer);
+    // Puts the map drawn last (not a picture being dragged) on the clipboard;
+    // nothing while a map is loading.
+    Q_INVOKABLE void SnapShot();
+    // Draws the current view anew, Width x Height pixels at Dpi dots per
+    // inch, into FileName: a PNG picture (.png) or a PDF page of that size
+    // (.pdf). True when written; another extension, a size or resolution out
+    // of range, or a file that cannot be written is an error.
+    Q_INVOKABLE bool ExportImage(const QString& FileName, int Width, int Height, int Dpi);
     // Lets the user reorder, drop and restore the layers, set their zoom
     // ranges and visibility and the background colour in the dialog
     // dlgMapSetup; confirmed, the map is drawn again. Nothing happens while

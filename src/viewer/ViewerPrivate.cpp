@@ -6,6 +6,7 @@
 #include "viewer/CToolTip.h"
 #include "viewer/Guarded.h"
 #include "viewer/InputCodes.h"
+#include "viewer/MapExport.h"
 #include "render/OleColor.h"
 #include "viewer/PresetFieldValues.h"
 #include "viewer/Viewer.h"
@@ -21,6 +22,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QClipboard>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
@@ -72,6 +74,7 @@ ViewerPrivate::ViewerPrivate(Viewer& viewer)
     createSurface();
     connectReceiveSide();
     connectMenus();
+    renderer_.setRasters(&images_.images());
 }
 
 ViewerPrivate::~ViewerPrivate() = default;
@@ -172,6 +175,7 @@ void ViewerPrivate::showToolStatus(const QString& text)
 
 void ViewerPrivate::definitionLoaded()
 {
+    images_.bind(document_.Layers());
     emit viewer_.MapLoaded();
 }
 
@@ -744,6 +748,68 @@ void ViewerPrivate::findByCondition(messages::Condition& condition)
         condition = dialog.condition();
     }
     session_.findByCondition(condition);
+}
+
+bool ViewerPrivate::setImagePath(const QString& path)
+{
+    if (!images_.setPath(path, document_.Layers())) {
+        return false;
+    }
+    if (document_.Layers().count() > 0) {
+        redrawMap();
+    }
+    return true;
+}
+
+void ViewerPrivate::replaceLayers(Layers layers)
+{
+    document_.setLayers(std::move(layers));
+    images_.bind(document_.Layers());
+}
+
+void ViewerPrivate::drawImageLayer(std::int32_t layerId)
+{
+    const layer& imageLayer = existingLayer(layerId);
+    if (imageLayer.Tipo == ImageLayer && imageLayer.ImageNumber != -1) {
+        renderer_.drawImage(picture_, viewport_, imageLayer.ImageNumber);
+        viewer_.update();
+    }
+}
+
+void ViewerPrivate::snapShot()
+{
+    if (document_.busy) {
+        return;
+    }
+    QClipboard* clipboard = QGuiApplication::clipboard();
+    clipboard->clear();
+    clipboard->setImage(picture_);
+}
+
+void ViewerPrivate::exportImage(const QString& fileName, int width, int height, int dpi)
+{
+    MapExport::check(fileName, width, height, dpi);
+    // The same piece of the map, fitted into the asked size; labels are sized
+    // for the asked resolution.
+    Viewport view;
+    view.setProjection(viewport_.Projection());
+    view.setSize(width, height);
+    const BoundingBox& box = viewport_.viewBox();
+    if (viewport_.viewReady()) {
+        view.SetView(box.MinX, box.MinY, box.MaxX, box.MaxY);
+    }
+    MapRenderer renderer = renderer_;
+    renderer.setTextMetrics(viewer_.font(), dpi);
+    if (MapExport::isPdf(fileName)) {
+        MapExport::writePdf(fileName, {width, height}, dpi,
+                            [&](QPaintDevice& page) { renderer.render(page, {width, height}, view, document_); });
+    } else {
+        QImage picture(width, height, QImage::Format_ARGB32_Premultiplied);
+        renderer.render(picture, view, document_);
+        MapExport::writePng(picture, fileName, dpi);
+    }
+    // The layers list what the export drew; the control's own view lists its own again.
+    renderPicture(std::nullopt);
 }
 
 void ViewerPrivate::mapSetup()

@@ -5,6 +5,7 @@
 #include "render/MapRenderer.h"
 #include "session/MapSession.h"
 #include "viewer/EntryOverlay.h"
+#include "viewer/ImageLayers.h"
 #include "viewer/MapToolHost.h"
 #include "viewer/MultipleSelection.h"
 #include "viewer/PointEntry.h"
@@ -150,6 +151,21 @@ public:
     void applyColors();
     void placeCompanyLabel();
 
+    // Raster images of the image layers.
+    ImageLayers& images() { return images_; }
+    // A new folder for the raster files: the image layers are bound to it
+    // and the map is drawn again. Nothing (false) when the folder is the same.
+    bool setImagePath(const QString& path);
+    // The layers put in place of the map's: the image layers get their images.
+    void replaceLayers(Layers layers);
+    // Draws the image of image layer layerId over the picture.
+    void drawImageLayer(std::int32_t layerId);
+    // The map drawn last onto the clipboard; nothing while a load is under way.
+    void snapShot();
+    // The current view drawn anew at another size and resolution into a PNG
+    // or PDF file (MapExport says which and what it refuses).
+    void exportImage(const QString& fileName, int width, int height, int dpi);
+
     MapDocument& document() { return document_; }
     MapSession& session() { return session_; }
     const MapSession& session() const { return session_; }
@@ -214,6 +230,7 @@ private:
     MapDocument document_;
     MapSession session_;
     MapRenderer renderer_;
+    ImageLayers images_;
     ToolController tools_;
     ToolMenus menus_;
     PointEntry pointEntry_;

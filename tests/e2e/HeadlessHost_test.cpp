@@ -17,6 +17,7 @@
 #include "viewer/Viewer.h"
 #include "view/Viewport.h"
 
+#include <QImage>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -107,6 +108,23 @@ TEST_F(HeadlessHostTest, LayerSetupAppliesTheScriptedDialog)
     EXPECT_NE(out.str().find("dialog dlgLayerSetup \"Configuración del Layer: Parques\"\n"), std::string::npos);
     EXPECT_NE(out.str().find("error \"LayerSetup: the layer id is not a number\"\n"), std::string::npos)
         << out.str();
+}
+
+// export takes the control's size and 96 dots per inch unless told; the
+// generic call reaches the raster methods.
+TEST_F(HeadlessHostTest, ExportWritesTheAskedSizeAndRefusesWhatItCannotWrite)
+{
+    const QString small = folder.filePath("small.png");
+    const QString whole = folder.filePath("whole.png");
+    const std::string lines = "export " + small.toStdString() + " 40x20 192\nexport " + whole.toStdString() +
+                              "\nexport " + small.toStdString() + " 40by20\nexport map.gif\nLoadRasterFile none.tif\n";
+    ASSERT_TRUE(run(lines.c_str()));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(QImage(small).size(), QSize(40, 20));
+    EXPECT_EQ(QImage(whole).size(), QSize(400, 200));
+    EXPECT_EQ(out.str(), "error \"export needs FILE [WIDTHxHEIGHT] [DPI]\"\n"
+                         "error \"ExportImage: the file name must end in .png or .pdf: map.gif\"\n"
+                         "result -1\n");
 }
 
 // A dialog's script is queued before the menu item that opens it; the

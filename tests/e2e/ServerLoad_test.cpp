@@ -223,11 +223,40 @@ int textPixelsAround(const QImage& picture, QPoint centre, int reach)
     return count;
 }
 
+// The relief the demo wrote beside its store covers the city under the
+// streets; a folder without it leaves the layer without image.
+TEST_F(DemoServer, TheShadedReliefDrawsFromTheFolderTheDemoWroteItTo)
+{
+    viewer.setImagePath(folder.filePath(QStringLiteral("demo-images")));
+    ASSERT_TRUE(showLoaded());
+    const layer& relief = *viewer.Layers().Find(104);
+    EXPECT_EQ(relief.Tipo, ImageLayer);
+    EXPECT_TRUE(viewer.RendererExists(relief.ImageNumber));
+    for (const std::int32_t id : {101, 102, 103}) {
+        viewer.Layers().Find(id)->setUserVisibility(0);
+    }
+    const auto coloured = [this] {
+        viewer.Redraw();
+        const QImage picture = viewer.grab().toImage();
+        const QColor background = QColor::fromRgb(qRgb(250, 250, 245));
+        int count = 0;
+        for (int y = 0; y < picture.height(); y += 4) {
+            for (int x = 0; x < picture.width(); x += 4) {
+                count += picture.pixelColor(x, y) != background ? 1 : 0;
+            }
+        }
+        return count * 16.0 / (picture.width() * picture.height());
+    };
+    EXPECT_GT(coloured(), 0.8);
+    viewer.setImagePath(folder.path());
+    EXPECT_LT(coloured(), 0.02);
+}
+
 TEST_F(DemoServer, AtStreetLevelEachStreetNameIsWrittenOnceBesideItsFirstBlockNotBefore)
 {
     ASSERT_TRUE(showLoaded());
-    layer& places = *viewer.Layers().Item(3);
-    layer& streets = *viewer.Layers().Item(2);
+    layer& places = *viewer.Layers().Find(103);
+    layer& streets = *viewer.Layers().Find(101);
     ASSERT_EQ(streets.Nombre, "Calles");
     // The whole city is too far out for street names.
     EXPECT_FALSE(streets.lblVisible);
@@ -265,7 +294,7 @@ TEST_F(DemoServer, AtStreetLevelEachStreetNameIsWrittenOnceBesideItsFirstBlockNo
 TEST_F(DemoServer, OneWayStreetsGetTheirDirectionsOnceDirectionMarksAreOn)
 {
     ASSERT_TRUE(showLoaded());
-    layer& streets = *viewer.Layers().Item(2);
+    layer& streets = *viewer.Layers().Find(101);
     ASSERT_EQ(streets.DirectionField, "DIR");
     streets.setUserDirectionVisibility(2);
     ASSERT_TRUE(zoomToTheCentre());

@@ -34,6 +34,7 @@ public:
     orbelan::BoundingBox view;
     std::vector<Call> calls;
     std::vector<Label> labels;
+    std::vector<std::int32_t> images;
 
     const orbelan::BoundingBox& ViewBox() const override { return view; }
     void ToScreen(std::span<const orbelan::Vertex> vertices, std::span<orbelan::ScreenPoint> screen) const override
@@ -75,6 +76,7 @@ public:
     {
         labels.push_back({X, Y, angle, text, bold, color, align});
     }
+    void DrawImage(std::int32_t ImageNumber) override { images.push_back(ImageNumber); }
     std::vector<std::string> labelTexts() const
     {
         std::vector<std::string> texts;

@@ -111,6 +111,26 @@ TEST_F(layerDrawing, RedrawWOCalcDrawsTheListAgainAndLeavesIt)
     EXPECT_EQ(map.DrawnIDs(), (IDs{1}));
 }
 
+// An image layer draws its image in both passes, whatever its box, and only
+// while it shows and has an image.
+TEST_F(layerDrawing, AnImageLayerDrawsItsImageWhenVisibleAndNumbered)
+{
+    map.Tipo = orbelan::ImageLayer;
+    map.ImageNumber = 3;
+    map.Redraw(box(50, 50, 60, 60), canvas);
+    map.RedrawWOCalc(view, canvas);
+    EXPECT_EQ(canvas.images, (IDs{3, 3}));
+
+    map.ImageNumber = -1;
+    map.Redraw(view, canvas);
+    map.ImageNumber = 3;
+    map.setUserVisibility(0);
+    map.Redraw(view, canvas);
+    map.RedrawWOCalc(view, canvas);
+    EXPECT_EQ(canvas.images, (IDs{3, 3}));
+    EXPECT_TRUE(canvas.calls.empty());
+}
+
 TEST_F(layerDrawing, ClassesAreComputedOnceAfterTheyChange)
 {
     map.ThematicType = 1;

@@ -7,6 +7,10 @@
 #include "storage/AttributeReader.h"
 #include "storage/FieldSummary.h"
 #include "demo/SantiagoGenerator.h"
+#include "demo/SantiagoRelief.h"
+#include "projection/ProjectionFactory.h"
+
+#include <gdal.h>
 
 #include <gtest/gtest.h>
 
@@ -58,7 +62,11 @@ TEST_F(DemoBuild, SantiagoHasTheStreetsParcelsAndPlacesOfACity)
     const auto map = reader.mapDefinition(SantiagoGenerator::kMapCode);
     ASSERT_TRUE(map);
     EXPECT_EQ(map->projection, 81);
-    ASSERT_EQ(map->layers.size(), 3u);
+    ASSERT_EQ(map->layers.size(), 4u);
+    // The shaded relief lies between the parcels and the streets.
+    EXPECT_EQ(map->layers[1].type, 5);
+    EXPECT_EQ(map->layers[1].name, SantiagoRelief::kFileName);
+    EXPECT_EQ(map->layers[2].id, SantiagoGenerator::kStreetsLayer);
     const auto elements = [this](std::int32_t layer) {
         return countRows(database, QStringLiteral("SELECT COUNT(*) FROM elements WHERE layer_id = %1").arg(layer));
     };
@@ -66,7 +74,11 @@ TEST_F(DemoBuild, SantiagoHasTheStreetsParcelsAndPlacesOfACity)
     EXPECT_GE(elements(SantiagoGenerator::kParcelsLayer), 10000);
     EXPECT_GE(elements(SantiagoGenerator::kPlacesLayer), 1000);
     EXPECT_GE(countRows(database, QStringLiteral("SELECT COUNT(DISTINCT USO) FROM layer_102_attributes")), 5);
+    // Every layer with elements has grid cells; the image layer has neither.
     for (const auto& layer : map->layers) {
+        if (layer.type == 5) {
+            continue;
+        }
         EXPECT_LE(layer.minCol, layer.maxCol) << layer.name;
         EXPECT_LE(layer.minRow, layer.maxRow) << layer.name;
     }
@@ -125,6 +137,47 @@ TEST_F(DemoBuild, ParcelStatisticsCoverTheWholeLayer)
     ASSERT_EQ(range.size(), 2u);
     EXPECT_EQ(std::stod(range[0]), least);
     EXPECT_EQ(std::stod(range[1]), greatest);
+}
+
+// The relief covers the map's box in the viewer's UTM plane, half
+// transparent, tiled, with overviews for the views from far out.
+TEST(SantiagoRelief, IsATiledGeoTiffWithOverviewsOverTheBoxInTheViewersPlane)
+{
+    QTemporaryDir dir;
+    const std::string path = dir.filePath(QStringLiteral("relief.tif")).toStdString();
+    const double west = -70.70, south = -33.50, east = -70.60, north = -33.42;
+    SantiagoRelief::write(path, west, south, east, north, 600);
+
+    GDALDatasetH file = GDALOpen(path.c_str(), GA_ReadOnly);
+    ASSERT_NE(file, nullptr);
+    EXPECT_EQ(GDALGetRasterCount(file), 4);
+    EXPECT_EQ(std::max(GDALGetRasterXSize(file), GDALGetRasterYSize(file)), 600);
+    GDALRasterBandH red = GDALGetRasterBand(file, 1);
+    EXPECT_GE(GDALGetOverviewCount(red), 3);
+    int blockWidth = 0, blockHeight = 0;
+    GDALGetBlockSize(red, &blockWidth, &blockHeight);
+    EXPECT_EQ(std::tuple(blockWidth, blockHeight), std::tuple(256, 256));
+    unsigned char alpha = 0;
+    ASSERT_EQ(GDALRasterIO(GDALGetRasterBand(file, 4), GF_Read, 300, 200, 1, 1, &alpha, 1, 1, GDT_Byte, 0, 0), CE_None);
+    EXPECT_EQ(alpha, 150);
+
+    double transform[6] = {};
+    ASSERT_EQ(GDALGetGeoTransform(file, transform), CE_None);
+    const double right = transform[0] + GDALGetRasterXSize(file) * transform[1];
+    const double bottom = transform[3] + GDALGetRasterYSize(file) * transform[5];
+    std::unique_ptr<CProjection> utm;
+    InitProjection(utm, 81, west, south, east, north);
+    ASSERT_TRUE(utm);
+    for (const auto& [lon, lat] : {std::pair(west, south), std::pair(east, north)}) {
+        double x = 0, y = 0;
+        ASSERT_TRUE(utm->Project(lon, lat, x, y));
+        EXPECT_GE(x, transform[0] - 1e-6);
+        EXPECT_LE(x, right + transform[1]);
+        EXPECT_LE(y, transform[3] + 1e-6);
+        EXPECT_GE(y, bottom + transform[5]);
+    }
+    EXPECT_NEAR(transform[1], -transform[5], 1e-9);
+    GDALClose(file);
 }
 
 } // namespace
