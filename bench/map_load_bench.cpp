@@ -125,6 +125,10 @@ public:
     {
     }
     QWidget* dialogParent() override { return nullptr; }
+    void clearHighlight() override {}
+    void highlightElement(std::int32_t, std::int32_t) override {}
+    void zoomToElements(std::int32_t, const std::vector<std::int32_t>&) override {}
+    void showElementInformation(std::int32_t, std::int32_t) override {}
 };
 
 void BM_ParseCellGeometry(benchmark::State& state)

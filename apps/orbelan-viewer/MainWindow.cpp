@@ -10,6 +10,7 @@
 
 #include <QActionGroup>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QMenuBar>
 #include <QMetaMethod>
 #include <QPainter>
@@ -115,6 +116,7 @@ void MainWindow::addMenus()
     QMenu* file = menuBar()->addMenu(tr("&File"));
     file->addAction(tr("Change password…"), this, &MainWindow::changePassword)
         ->setObjectName(QStringLiteral("mnuChangePassword"));
+    file->addAction(tr("Save map as…"), this, &MainWindow::saveMap)->setObjectName(QStringLiteral("mnuSaveMap"));
     file->addAction(tr("Export…"), this, &MainWindow::exportMap)->setObjectName(QStringLiteral("mnuExport"));
     file->addAction(tr("&Quit"), QKeySequence::Quit, this, &QWidget::close);
 
@@ -155,6 +157,19 @@ void MainWindow::changePassword()
 
 // The view as the control shows it, at its size and the screen's resolution;
 // an error shows in the status bar.
+// The map as it looks now is stored on the server as a new map of the
+// logged-in user; the server's answer comes as a message box.
+void MainWindow::saveMap()
+{
+    QInputDialog prompt(this);
+    prompt.setObjectName(QStringLiteral("dlgSaveMap"));
+    prompt.setWindowTitle(tr("Save map"));
+    prompt.setLabelText(tr("Name of the new map:"));
+    if (ui_.execDialog(prompt) == QDialog::Accepted) {
+        viewer_->SaveMap(viewer_->IDUser(), prompt.textValue());
+    }
+}
+
 void MainWindow::exportMap()
 {
     QFileDialog chooser(this, tr("Export the map"), QString(), tr("PNG picture (*.png);;PDF document (*.pdf)"));

@@ -23,6 +23,7 @@ private:
     void addToolBar();
     void reportEvents();
     void changePassword();
+    void saveMap();
     void exportMap();
 
     Viewer* viewer_;
