@@ -91,7 +91,7 @@ struct TurnedLabels::Turn {
     }
 };
 
-TurnedLabels::TurnedLabels(QImage& picture)
+TurnedLabels::TurnedLabels(QImage& picture) : glyphsOnly_(picture.isNull())
 {
     const QImage::Format format = picture.format();
     if (format == QImage::Format_RGB32 || format == QImage::Format_ARGB32_Premultiplied) {
@@ -144,6 +144,10 @@ void TurnedLabels::takeMask()
 void TurnedLabels::draw(QPainter& painter, QPointF start, double turn, const QGlyphRun& glyphs, QSizeF size,
                         const QColor& color)
 {
+    if (glyphsOnly_) {
+        drawGlyphs(painter, start, turn, glyphs, color);
+        return;
+    }
     writeLevel(glyphs, size, color);
     if (bits_ != nullptr && color.alpha() == 255) {
         takeMask();
@@ -155,6 +159,17 @@ void TurnedLabels::draw(QPainter& painter, QPointF start, double turn, const QGl
     painter.drawImage(QPointF(-kBorder, -kBorder), scratch_, QRect(0, 0, usedWidth_, usedHeight_));
     painter.setRenderHint(QPainter::SmoothPixmapTransform, false);
     painter.resetTransform();
+}
+
+// A device with no picture of its own (a PDF page) keeps the text as text.
+void TurnedLabels::drawGlyphs(QPainter& painter, QPointF start, double turn, const QGlyphRun& glyphs,
+                              const QColor& color)
+{
+    painter.save();
+    painter.setTransform(QTransform::fromTranslate(start.x(), start.y()).rotate(-turn));
+    painter.setPen(color);
+    painter.drawGlyphRun(QPointF(0, 0), glyphs);
+    painter.restore();
 }
 
 // The rows the turned scratch covers, each over the columns where it lies.

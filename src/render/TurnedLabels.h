@@ -18,7 +18,8 @@ namespace orbelan {
 // engine's cached glyphs serve, and its coverage is then set turned into
 // the picture, sampled bilinearly, row by row over the turned rectangle only.
 // A picture whose pixels cannot be set directly gets the scratch through
-// the painter instead.
+// the painter instead, and a device without a picture (a PDF page) the
+// glyphs themselves.
 class TurnedLabels {
 public:
     // The picture's pixels, taken before a painter opens on it.
@@ -34,6 +35,7 @@ public:
 private:
     struct Turn;
 
+    void drawGlyphs(QPainter& painter, QPointF start, double turn, const QGlyphRun& glyphs, const QColor& color);
     void writeLevel(const QGlyphRun& glyphs, QSizeF size, const QColor& color);
     void setTurned(const Turn& turn, QRgb color);
     void takeMask();
@@ -41,6 +43,7 @@ private:
     int coverage(std::int32_t u, std::int32_t v) const;
     void reserve(int width, int height);
 
+    bool glyphsOnly_ = false;
     uchar* bits_ = nullptr;
     qsizetype stride_ = 0;
     int width_ = 0;
