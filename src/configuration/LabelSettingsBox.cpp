@@ -1,7 +1,8 @@
 #include "configuration/LabelSettingsBox.h"
 
 #include "configuration/ColourChoice.h"
-#include "configuration/HeightKeyFilter.h"
+#include "configuration/CommaAsPoint.h"
+#include "ui/DecimalBox.h"
 #include "model/layer.h"
 
 #include <QCheckBox>
@@ -21,9 +22,9 @@ const QString kNone = QStringLiteral("<None>");
 
 QLineEdit* heightBox(const char* name, float height, QWidget* parent)
 {
-    auto* box = new QLineEdit(QString::number(height), parent);
-    box->setObjectName(QString::fromLatin1(name));
-    new HeightKeyFilter(*box);
+    QLineEdit* box = decimalBox(QString::fromLatin1(name), parent);
+    box->setText(QString::number(height));
+    new CommaAsPoint(*box);
     return box;
 }
 
