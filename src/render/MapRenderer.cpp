@@ -3,9 +3,11 @@
 #include "model/MapDocument.h"
 #include "render/OleColor.h"
 #include "render/QtMapCanvas.h"
+#include "render/ScaleBar.h"
 #include "view/Viewport.h"
 
 #include <QImage>
+#include <QPainter>
 
 namespace orbelan {
 
@@ -29,17 +31,23 @@ void MapRenderer::render(QImage& picture, const Viewport& view, MapDocument& doc
     if (!view.viewReady() || picture.isNull()) {
         return;
     }
-    QtMapCanvas canvas(picture, view, palette_);
-    drawLayers(canvas, view, document, onlyLayer);
+    {
+        QtMapCanvas canvas(picture, view, palette_);
+        drawLayers(canvas, view, document, onlyLayer);
+    }
+    drawScaleBar(picture, picture.size(), view);
 }
 
 void MapRenderer::render(QPaintDevice& device, QSize size, const Viewport& view, MapDocument& document) const
 {
-    QtMapCanvas canvas(device, size, view, palette_);
-    canvas.fill(olecolor::toQColor(document.BackgroundColor, palette_));
-    if (view.viewReady()) {
-        drawLayers(canvas, view, document, std::nullopt);
+    {
+        QtMapCanvas canvas(device, size, view, palette_);
+        canvas.fill(olecolor::toQColor(document.BackgroundColor, palette_));
+        if (view.viewReady()) {
+            drawLayers(canvas, view, document, std::nullopt);
+        }
     }
+    drawScaleBar(device, size, view);
 }
 
 void MapRenderer::drawLayers(QtMapCanvas& canvas, const Viewport& view, MapDocument& document,
@@ -83,6 +91,19 @@ void MapRenderer::drawImage(QImage& picture, const Viewport& view, std::int32_t 
     QtMapCanvas canvas(picture, view, palette_);
     canvas.setRasters(rasters_);
     canvas.DrawImage(imageNumber);
+}
+
+void MapRenderer::drawScaleBar(QPaintDevice& device, QSize size, const Viewport& view) const
+{
+    if (!scaleBar_) {
+        return;
+    }
+    const std::optional<double> metresPerPixel = ScaleBar::groundMetresPerPixel(view);
+    const std::optional<ScaleBar::Span> span = metresPerPixel ? ScaleBar::choose(*metresPerPixel) : std::nullopt;
+    if (span) {
+        QPainter painter(&device);
+        ScaleBar::draw(painter, size, *span);
+    }
 }
 
 } // namespace orbelan

@@ -38,6 +38,9 @@ public:
     // The raster images that image layers draw, by number (not owned); without
     // them image layers draw nothing.
     void setRasters(const RasterImages* rasters) { rasters_ = rasters; }
+    // With the scale bar on, every render ends with a metric scale bar in a corner.
+    void setScaleBar(bool shown) { scaleBar_ = shown; }
+    bool scaleBar() const { return scaleBar_; }
 
     // With onlyLayer, that layer is drawn anew and the others as they were
     // drawn last (their drawn elements are not looked up again).
@@ -57,11 +60,14 @@ public:
 private:
     void drawLayers(QtMapCanvas& canvas, const Viewport& view, MapDocument& document,
                     std::optional<std::int32_t> onlyLayer) const;
+    void drawScaleBar(QPaintDevice& device, QSize size, const Viewport& view) const;
 
     QPalette palette_;
     QFont font_;
     int dotsPerInch_;
     const RasterImages* rasters_ = nullptr;
+
+    bool scaleBar_ = false;
 };
 
 } // namespace orbelan

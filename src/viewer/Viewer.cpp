@@ -240,6 +240,7 @@ void Viewer::ReadProperties(const PropertyBag& bag)
     d_->document().MapCode = readNumber<std::int32_t>(bag, kMapCodeKey, 1);
     d_->document().IDUser = readNumber<std::int32_t>(bag, kIdUserKey, 0);
     d_->setImagePath(bag.ReadProperty(kImagePathKey, QString()).toString());
+    d_->setScaleBar(bag.ReadProperty(kScaleBarKey, true).toBool());
     connection.resetPendingRequests();
     d_->applyColors();
 }
@@ -258,6 +259,7 @@ void Viewer::WriteProperties(PropertyBag& bag) const
     bag.WriteProperty(kMapCodeKey, number(MapCode()), number(1));
     bag.WriteProperty(kIdUserKey, number(IDUser()), number(0));
     bag.WriteProperty(kImagePathKey, ImagePath(), QString());
+    bag.WriteProperty(kScaleBarKey, ScaleBar(), true);
 }
 
 void Viewer::About()
@@ -527,6 +529,17 @@ void Viewer::setImagePath(const QString& path)
     guarded(*this, kImagePathKey, [&] {
         if (d_->setImagePath(path)) {
             emit propertyChanged(kImagePathKey);
+        }
+    });
+}
+
+bool Viewer::ScaleBar() const { return d_->scaleBar(); }
+
+void Viewer::setScaleBar(bool shown)
+{
+    guarded(*this, kScaleBarKey, [&] {
+        if (d_->setScaleBar(shown)) {
+            emit propertyChanged(kScaleBarKey);
         }
     });
 }

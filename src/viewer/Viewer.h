@@ -54,6 +54,7 @@ class Viewer : public QWidget {
     Q_PROPERTY(float origenY READ origenY WRITE setOrigenY)
     Q_PROPERTY(int Tool READ currentTool NOTIFY toolChanged)
     Q_PROPERTY(QString ImagePath READ ImagePath WRITE setImagePath)
+    Q_PROPERTY(bool ScaleBar READ ScaleBar WRITE setScaleBar)
 
 public:
     // Keys of the persisted properties in the host's property bag.
@@ -69,6 +70,7 @@ public:
     static constexpr const char* kMapCodeKey = "MapCode";
     static constexpr const char* kIdUserKey = "IDUser";
     static constexpr const char* kImagePathKey = "ImagePath";
+    static constexpr const char* kScaleBarKey = "ScaleBar";
 
     explicit Viewer(QWidget* parent = nullptr);
     ~Viewer() override;
@@ -231,6 +233,9 @@ public:
     // same folder again does nothing.
     QString ImagePath() const;
     void setImagePath(const QString& path);
+    // A metric scale bar in the bottom-right corner of the map (persisted, on by default).
+    bool ScaleBar() const;
+    void setScaleBar(bool shown);
     // Opens ImagePath/FileName as a new raster image and returns its number,
     // or -1 when there is no such file (or it is no raster that can be placed).
     Q_INVOKABLE int LoadRasterFile(const QString& FileName);

@@ -75,6 +75,7 @@ ViewerPrivate::ViewerPrivate(Viewer& viewer)
     connectReceiveSide();
     connectMenus();
     renderer_.setRasters(&images_.images());
+    renderer_.setScaleBar(true);
 }
 
 ViewerPrivate::~ViewerPrivate() = default;
@@ -755,6 +756,18 @@ bool ViewerPrivate::setImagePath(const QString& path)
     if (!images_.setPath(path, document_.Layers())) {
         return false;
     }
+    if (document_.Layers().count() > 0) {
+        redrawMap();
+    }
+    return true;
+}
+
+bool ViewerPrivate::setScaleBar(bool shown)
+{
+    if (renderer_.scaleBar() == shown) {
+        return false;
+    }
+    renderer_.setScaleBar(shown);
     if (document_.Layers().count() > 0) {
         redrawMap();
     }
