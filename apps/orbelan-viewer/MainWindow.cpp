@@ -2,6 +2,7 @@
 
 #include "orbelan-viewer/EventRelay.h"
 #include "orbelan-viewer/LineFormat.h"
+#include "orbelan-viewer/MapStatusBar.h"
 #include "orbelan-viewer/dlgChangePassword.h"
 #include "ui/UiServices.h"
 #include "model/Layers.h"
@@ -9,13 +10,16 @@
 #include "viewer/tools/ToolCursors.h"
 
 #include <QActionGroup>
+#include <QDockWidget>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QMenuBar>
 #include <QMetaMethod>
 #include <QPainter>
+#include <QPlainTextEdit>
 #include <QPolygonF>
-#include <QStatusBar>
+#include <QRegularExpression>
+#include <QTime>
 #include <QToolBar>
 
 #include <optional>
@@ -24,8 +28,48 @@ namespace orbelan {
 
 namespace {
 
-constexpr int kStatusMessageMilliseconds = 4000;
 constexpr float kClickZoomFactor = 2;
+constexpr int kEventLogLines = 2000;
+const QString kProgramName = QStringLiteral("Orbelan Viewer");
+
+// A command of the Map menu with a label of its own, its shortcuts, and the
+// tool it makes current (0 for none), whose entry is checked while it is.
+struct MenuCommand {
+    const char* method;
+    const char* label;
+    QList<QKeySequence> shortcuts;
+    int tool;
+};
+
+const MenuCommand kMenuCommands[] = {
+    {"ZoomIn", "Zoom In", {QKeySequence(Qt::CTRL | Qt::Key_Plus), QKeySequence(Qt::Key_Plus)}, 0},
+    {"ZoomOut", "Zoom Out", {QKeySequence(Qt::Key_Minus), QKeySequence(Qt::CTRL | Qt::Key_Minus)}, 0},
+    {"ZoomExtents", "Zoom to Extents", {QKeySequence(Qt::CTRL | Qt::Key_0)}, 0},
+    {"Redraw", "Redraw", {QKeySequence(Qt::Key_F5)}, 0},
+    {"ZoomWindow", "Zoom Window", {}, 1},
+    {"Pan", "Pan", {}, 3},
+    {"MeasureDistance", "Measure Distance", {}, 8},
+};
+
+// The entry of a command without a label of its own: its name with its words apart.
+MenuCommand menuCommandOf(const QByteArray& method)
+{
+    for (const MenuCommand& command : kMenuCommands) {
+        if (method == command.method) {
+            return command;
+        }
+    }
+    return {method.constData(), nullptr, {}, 0};
+}
+
+QString labelOf(const MenuCommand& command)
+{
+    if (command.label) {
+        return QString::fromUtf8(command.label);
+    }
+    static const QRegularExpression wordStart(QStringLiteral("(?<=[a-z])(?=[A-Z])"));
+    return QString::fromUtf8(command.method).replace(wordStart, QStringLiteral(" "));
+}
 
 // The layer the tool bar selects on: the map's first polygon layer; 0, which
 // the control refuses, when it has none.
@@ -82,11 +126,29 @@ MainWindow::MainWindow(Viewer* viewer, UiServices& ui)
     : viewer_(viewer),
       ui_(ui)
 {
-    setWindowTitle(QStringLiteral("Orbelan Viewer"));
+    setWindowTitle(kProgramName);
     setCentralWidget(viewer_);
+    setStatusBar(new MapStatusBar(*viewer_, this));
+    addEventLog();
     addMenus();
     addToolBar();
     reportEvents();
+    connect(viewer_, &Viewer::MapLoaded, this, [this] {
+        const QString name = viewer_->Nombre();
+        setWindowTitle(name.isEmpty() ? kProgramName : name + QStringLiteral(" — ") + kProgramName);
+    });
+}
+
+void MainWindow::addEventLog()
+{
+    auto* dock = new QDockWidget(tr("Event log"), this);
+    dock->setObjectName(QStringLiteral("dockEventLog"));
+    eventLog_ = new QPlainTextEdit(dock);
+    eventLog_->setReadOnly(true);
+    eventLog_->setMaximumBlockCount(kEventLogLines);
+    dock->setWidget(eventLog_);
+    addDockWidget(Qt::BottomDockWidgetArea, dock);
+    dock->hide();
 }
 
 // The button of the current tool is checked; none while no tool of the bar is.
@@ -110,7 +172,7 @@ void MainWindow::addToolBar()
 }
 
 // One entry per public command of the control that takes no arguments and
-// returns nothing, so the menu grows with the control.
+// returns nothing, so the menu grows with the control; About goes to Help.
 void MainWindow::addMenus()
 {
     QMenu* file = menuBar()->addMenu(tr("&File"));
@@ -126,11 +188,9 @@ void MainWindow::addMenus()
         const QMetaMethod method = type->method(index);
         const bool command = method.methodType() == QMetaMethod::Method && method.parameterCount() == 0 &&
                              method.returnMetaType().id() == QMetaType::Void;
-        if (!command) {
-            continue;
+        if (command && method.name() != "About") {
+            addCommand(*map, method);
         }
-        map->addAction(QString::fromUtf8(method.name()), this,
-                       [this, method] { method.invoke(viewer_, Qt::DirectConnection); });
     }
 
     // The layers are known once the map has loaded: the menu lists them as it opens.
@@ -145,6 +205,29 @@ void MainWindow::addMenus()
             }
         }
     });
+
+    QMenu* view = menuBar()->addMenu(tr("&View"));
+    QAction* log = findChild<QDockWidget*>(QStringLiteral("dockEventLog"))->toggleViewAction();
+    log->setObjectName(QStringLiteral("mnuEventLog"));
+    view->addAction(log);
+
+    QMenu* help = menuBar()->addMenu(tr("&Help"));
+    help->addAction(tr("&About Orbelan Viewer…"), viewer_, &Viewer::About)->setObjectName(QStringLiteral("mnuAbout"));
+}
+
+void MainWindow::addCommand(QMenu& menu, const QMetaMethod& method)
+{
+    const MenuCommand command = menuCommandOf(method.name());
+    QAction* action = menu.addAction(labelOf(command), this,
+                                      [this, method] { method.invoke(viewer_, Qt::DirectConnection); });
+    action->setShortcuts(command.shortcuts);
+    if (command.tool != 0) {
+        action->setCheckable(true);
+        connect(viewer_, &Viewer::toolChanged, action,
+                [action, tool = command.tool](int current) { action->setChecked(current == tool); });
+        connect(action, &QAction::triggered, action,
+                [this, action, tool = command.tool] { action->setChecked(viewer_->currentTool() == tool); });
+    }
 }
 
 void MainWindow::changePassword()
@@ -155,8 +238,6 @@ void MainWindow::changePassword()
     }
 }
 
-// The view as the control shows it, at its size and the screen's resolution;
-// an error shows in the status bar.
 // The map as it looks now is stored on the server as a new map of the
 // logged-in user; the server's answer comes as a message box.
 void MainWindow::saveMap()
@@ -170,6 +251,8 @@ void MainWindow::saveMap()
     }
 }
 
+// The view as the control shows it, at its size and the screen's resolution;
+// an error shows in the status bar.
 void MainWindow::exportMap()
 {
     QFileDialog chooser(this, tr("Export the map"), QString(), tr("PNG picture (*.png);;PDF document (*.pdf)"));
@@ -191,7 +274,8 @@ void MainWindow::reportEvents()
             for (const QVariant& argument : arguments) {
                 words << lineformat::formatValue(argument);
             }
-            statusBar()->showMessage(words.join(' '), kStatusMessageMilliseconds);
+            const QString time = QTime::currentTime().toString(QStringLiteral("HH:mm:ss.zzz"));
+            eventLog_->appendPlainText(time + u' ' + words.join(u' '));
         },
         {"propertyChanged"});
 }

@@ -2,6 +2,10 @@
 
 #include <QMainWindow>
 
+class QMenu;
+class QMetaMethod;
+class QPlainTextEdit;
+
 namespace orbelan {
 
 class UiServices;
@@ -9,8 +13,9 @@ class Viewer;
 
 // The window of orbelan-viewer: the control in the middle, a menu entry for
 // each of its commands that need no arguments, a tool bar of its mouse tools,
-// a status bar that shows what the control reports, and the user's password
-// change.
+// a status bar with the mouse position and the scale, a log pane of the
+// control's events (View → Event log), and the user's password change. The
+// title names the loaded map.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -20,6 +25,8 @@ public:
 
 private:
     void addMenus();
+    void addCommand(QMenu& menu, const QMetaMethod& method);
+    void addEventLog();
     void addToolBar();
     void reportEvents();
     void changePassword();
@@ -28,6 +35,7 @@ private:
 
     Viewer* viewer_;
     UiServices& ui_;
+    QPlainTextEdit* eventLog_ = nullptr;
 };
 
 } // namespace orbelan

@@ -24,22 +24,45 @@ QStringList entriesOf(const QMenu& menu)
     return entries;
 }
 
+const QMenu& menuTitled(const orbelan::MainWindow& window, const QString& title)
+{
+    const auto menus = window.menuBar()->findChildren<QMenu*>();
+    const auto found = std::find_if(menus.begin(), menus.end(), [&](const QMenu* menu) { return menu->title() == title; });
+    EXPECT_NE(found, menus.end()) << title.toStdString();
+    return **found;
+}
+
+// Readable labels with the usual shortcuts; About under Help; the current tool checked.
 TEST(MainWindow, TheMapMenuOffersTheControlsCommandsButNoQueries)
 {
     auto* viewer = new orbelan::Viewer;
     viewer->setUserMode(false);
     orbelan::ScriptedUiServices ui;
     orbelan::MainWindow window(viewer, ui);
-    const auto menus = window.menuBar()->findChildren<QMenu*>();
-    const auto map = std::find_if(menus.begin(), menus.end(),
-                                  [](const QMenu* menu) { return menu->title() == "&Map"; });
-    ASSERT_NE(map, menus.end());
-    const QStringList entries = entriesOf(**map);
-    for (const char* command : {"About", "ZoomIn", "ZoomOut", "ZoomExtents", "ZoomWindow", "Pan", "Redraw"}) {
+    const QMenu& map = menuTitled(window, "&Map");
+    const QStringList entries = entriesOf(map);
+    for (const char* command : {"Zoom In", "Zoom Out", "Zoom to Extents", "Zoom Window", "Pan", "Redraw",
+                                "Show Map References"}) {
         EXPECT_TRUE(entries.contains(command)) << command;
     }
-    EXPECT_FALSE(entries.contains("CurrentZoom"));
-    EXPECT_FALSE(entries.contains("SetView"));
+    EXPECT_FALSE(entries.contains("About"));
+    EXPECT_TRUE(entriesOf(menuTitled(window, "&Help")).join(' ').contains("About"));
+    EXPECT_FALSE(entries.contains("Current Zoom"));
+    EXPECT_FALSE(entries.contains("Set View"));
+
+    const auto action = [&map](const char* label) {
+        const QList<QAction*> actions = map.actions();
+        return *std::find_if(actions.begin(), actions.end(), [&](const QAction* a) { return a->text() == label; });
+    };
+    EXPECT_TRUE(action("Zoom to Extents")->shortcuts().contains(QKeySequence(QStringLiteral("Ctrl+0"))));
+    EXPECT_TRUE(action("Zoom Out")->shortcuts().contains(QKeySequence(QStringLiteral("-"))));
+    EXPECT_TRUE(action("Redraw")->shortcuts().contains(QKeySequence(QStringLiteral("F5"))));
+    viewer->Pan();
+    EXPECT_TRUE(action("Pan")->isChecked());
+    action("Measure Distance")->trigger();
+    EXPECT_EQ(viewer->currentTool(), 8);
+    EXPECT_TRUE(action("Measure Distance")->isChecked());
+    EXPECT_FALSE(action("Pan")->isChecked());
 }
 
 // The button of the current tool is the one pressed, whoever chose the tool.

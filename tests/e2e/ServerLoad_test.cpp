@@ -255,6 +255,8 @@ TEST_F(DemoServer, TheShadedReliefDrawsFromTheFolderTheDemoWroteItTo)
 TEST_F(DemoServer, AtStreetLevelEachStreetNameIsWrittenOnceBesideItsFirstBlockNotBefore)
 {
     ASSERT_TRUE(showLoaded());
+    // Dark pixels near a street are its name: no scale bar text among them.
+    viewer.setScaleBar(false);
     layer& places = *viewer.Layers().Find(103);
     layer& streets = *viewer.Layers().Find(101);
     ASSERT_EQ(streets.Nombre, "Calles");
