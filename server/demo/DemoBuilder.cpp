@@ -29,6 +29,8 @@ constexpr std::int16_t kNoFill = 1;
 // Label heights: county names from a view of a few states, country names
 // from a view of a continent; state names always.
 constexpr float kCountyLabelsKm = 1200.0f;
+// State outlines stand out over the one-pixel county outlines.
+constexpr std::int16_t kStateOutlineWidth = 2;
 constexpr float kCountryLabelsDegrees = 0.1f;
 
 ImportOptions atlasLayer(const QString& source, const char* sourceLayer, std::int32_t map,
@@ -108,6 +110,7 @@ void DemoBuilder::importAtlases(const QString& dataFolder)
     ImportOptions states =
         atlasLayer(DemoData::usAtlas(dataFolder), "states", kUnitedStates, 202, "States");
     states.fillStyle = kNoFill;
+    states.lineWidth = kStateOutlineWidth;
     importer.import(states);
     // The atlas reaches from Guam to the Virgin Islands across the date line;
     // an equal-area cone fitted to all of that shows nothing. The map opens

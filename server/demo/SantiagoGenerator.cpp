@@ -17,11 +17,15 @@ constexpr int kParcelsPerSide = 2;
 constexpr std::size_t kResidential = 0;
 constexpr std::size_t kCommercial = 1;
 constexpr std::int16_t kUtm19South = 81;
+// The parcels show from the first view of the whole city on.
+constexpr float kParcelsKm = 20.0f;
 
 constexpr std::int32_t rgb(std::int32_t red, std::int32_t green, std::int32_t blue)
 {
     return red | (green << 8) | (blue << 16);
 }
+
+constexpr std::int32_t kParcelOutline = rgb(255, 255, 255);
 
 QString text(std::string_view value)
 {
@@ -53,14 +57,14 @@ messages::LayerRecord parcelsLayer()
     layer.name = "Predios";
     layer.type = 4;
     layer.gridDeltaX = layer.gridDeltaY = 0.005f;
-    layer.zoomMax = 6.0f;
-    layer.drawColor = rgb(160, 160, 160);
+    layer.zoomMax = kParcelsKm;
+    layer.drawColor = kParcelOutline;
     layer.fillColor = rgb(240, 240, 240);
     layer.thematicField = "USO";
     layer.thematicType = 1;
     layer.fields = {{"ROL", fieldtype::kVarChar}, {"USO", fieldtype::kVarChar}, {"AREA", fieldtype::kDouble}};
     for (const auto& use : SantiagoNames::landUses()) {
-        layer.classes.push_back({std::string(use.name), std::string(use.name), rgb(160, 160, 160),
+        layer.classes.push_back({std::string(use.name), std::string(use.name), kParcelOutline,
                                  0, 1, use.fillColor, 0});
     }
     return layer;

@@ -43,13 +43,14 @@ constexpr std::array<std::string_view, 24> kNorthSouth = {
     "Mac Iver",          "San Francisco",  "Santa Rosa",       "Lira",          "Portugal",
     "Vicuña Mackenna",   "Seminario",      "Condell",          "Avenida Italia"};
 
+// ColorBrewer's "Set2": calm qualitative colours that colour-blind readers tell apart.
 constexpr std::array<SantiagoNames::LandUse, 6> kLandUses = {{
-    {"Residencial", rgb(255, 236, 179)},
-    {"Comercial", rgb(239, 83, 80)},
-    {"Industrial", rgb(149, 117, 205)},
-    {"Equipamiento", rgb(79, 195, 247)},
-    {"Educación", rgb(255, 167, 38)},
-    {"Área verde", rgb(102, 187, 106)},
+    {"Residencial", rgb(229, 196, 148)},
+    {"Comercial", rgb(252, 141, 98)},
+    {"Industrial", rgb(141, 160, 203)},
+    {"Equipamiento", rgb(231, 138, 195)},
+    {"Educación", rgb(255, 217, 47)},
+    {"Área verde", rgb(166, 216, 84)},
 }};
 
 constexpr std::array<SantiagoNames::LandUse, 6> kPlaceKinds = {{

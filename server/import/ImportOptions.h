@@ -23,6 +23,8 @@ struct ImportOptions {
     QString themeField;
     // The platform's fill style of the layer's polygons (0 solid, 1 none).
     std::int16_t fillStyle = 0;
+    // The width of the layer's lines in pixels; 0 keeps the importer's own.
+    std::int16_t lineWidth = 0;
     // Used when the map does not exist yet: its name (the layer's when
     // empty) and projection code.
     QString mapName;

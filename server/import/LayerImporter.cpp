@@ -127,6 +127,9 @@ messages::LayerRecord LayerImporter::recordFor(const ImportedLayer& layer,
     record.fields = layer.fields;
     styleFor(record);
     record.fillStyle = options.fillStyle;
+    if (options.lineWidth > 0) {
+        record.drawWidth = options.lineWidth;
+    }
     if (!options.labelField.isEmpty()) {
         record.labelField = layer.fields[fieldPosition(layer, options.labelField)].name;
         record.labelVisibility = 1;
