@@ -38,6 +38,9 @@ public:
     // The raster images that image layers draw, by number (not owned); without
     // them image layers draw nothing.
     void setRasters(const RasterImages* rasters) { rasters_ = rasters; }
+    // Geometry drawn smoothly (see QtMapCanvas::setAntialiasing); off by default.
+    void setAntialiasing(bool on) { antialiasing_ = on; }
+    bool antialiasing() const { return antialiasing_; }
 
     // With onlyLayer, that layer is drawn anew and the others as they were
     // drawn last (their drawn elements are not looked up again).
@@ -62,6 +65,7 @@ private:
     QFont font_;
     int dotsPerInch_;
     const RasterImages* rasters_ = nullptr;
+    bool antialiasing_ = false;
 };
 
 } // namespace orbelan

@@ -9,6 +9,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <numbers>
 #include <utility>
 
 namespace orbelan {
@@ -22,6 +23,8 @@ constexpr std::int32_t kMaximumWidth = 1000;
 constexpr double kMargin = 16;
 // A direction mark reaches this far from its points.
 constexpr double kMarkReach = 64;
+// The length of a degree of latitude on the sphere, in metres.
+constexpr double kMetresPerDegree = 6371000.0 * std::numbers::pi / 180;
 // No label is longer than this, so one anchored further out cannot show.
 constexpr double kTextReach = 2048;
 
@@ -130,8 +133,27 @@ QtMapCanvas::QtMapCanvas(QPaintDevice& device, QSize size, const Viewport& view,
     setMargin(lineWidth_);
 }
 
+void QtMapCanvas::setAntialiasing(bool on)
+{
+    flushLines();
+    centreOnPixels(false);
+    smooth_ = on;
+    painter_.setRenderHint(QPainter::Antialiasing, on);
+    penKey_ = ~std::uint64_t{0};
+}
+
+void QtMapCanvas::centreOnPixels(bool on)
+{
+    on = on && smooth_;
+    if (on != centred_) {
+        centred_ = on;
+        painter_.setTransform(on ? QTransform::fromTranslate(0.5, 0.5) : QTransform());
+    }
+}
+
 void QtMapCanvas::fill(const QColor& colour)
 {
+    centreOnPixels(false);
     painter_.fillRect(picture_, colour);
 }
 
@@ -216,7 +238,7 @@ void QtMapCanvas::setPen(std::int32_t color, std::int32_t style, std::int32_t wi
         pen_ = QPen(penColor, pixels, qtStyle, Qt::RoundCap, Qt::RoundJoin);
         painter_.setPen(pen_);
         painterPenOff_ = false;
-        thinPen_ = thin_.usable() && pixels <= 1 && qtStyle == Qt::SolidLine && penColor.alpha() == 255;
+        thinPen_ = !smooth_ && thin_.usable() && pixels <= 1 && qtStyle == Qt::SolidLine && penColor.alpha() == 255;
         thin_.setColor(penColor.rgba());
     }
 }
@@ -269,6 +291,7 @@ void QtMapCanvas::DrawPoints(std::span<const ScreenPoint> points, const Theme& t
     setMargin(lineWidth_);
     flushLines();
     restorePainterPen();
+    centreOnPixels(true);
     pixels_.clear();
     for (const ScreenPoint& point : points) {
         if (finite(point) && inside(point.X, point.Y)) {
@@ -375,6 +398,7 @@ void QtMapCanvas::flushLines()
         return;
     }
     restorePainterPen();
+    centreOnPixels(true);
     if (!lines_.empty()) {
         painter_.drawLines(lines_.data(), static_cast<int>(lines_.size()));
         lines_.clear();
@@ -388,6 +412,7 @@ void QtMapCanvas::flushLines()
 void QtMapCanvas::DrawPolygon(std::span<const ScreenPoint> points, const Theme& theme)
 {
     flushLines();
+    centreOnPixels(true);
     lineStyle_ = theme.DrawStyle;
     lineWidth_ = theme.DrawWidth;
     setBrush(theme.FillStyle, theme.FillColor);
@@ -482,12 +507,13 @@ void QtMapCanvas::clipRing()
 // black, then the triangle filled white over their inner half.
 void QtMapCanvas::DrawDirectionMark(ScreenPoint from, ScreenPoint to, std::int16_t direction)
 {
-    const std::optional<DirectionMark> mark = DirectionMark::of(from, to, direction);
+    const std::optional<DirectionMark> mark = DirectionMark::of(from, to, direction, markLength());
     const QRectF reach = picture_.adjusted(-kMarkReach, -kMarkReach, kMarkReach, kMarkReach);
     if (!mark || !reach.contains(mark->tip) || !reach.contains(mark->base1) || !reach.contains(mark->base2)) {
         return;
     }
     flushLines();
+    centreOnPixels(true);
     setPen(kBlack, 0, kMarkBorderWidth);
     restorePainterPen();
     painter_.drawLine(mark->tip, mark->base1);
@@ -498,8 +524,21 @@ void QtMapCanvas::DrawDirectionMark(ScreenPoint from, ScreenPoint to, std::int16
     setBrush(0, kWhite);
     setPen(kWhite, lineStyle_, lineWidth_);
     restorePainterPen();
+    if (smooth_) {
+        const std::array<QPointF, 3> triangle = {mark->tip, mark->base1, mark->base2};
+        painter_.drawPolygon(triangle.data(), static_cast<int>(triangle.size()));
+        return;
+    }
     const std::array<QPoint, 3> triangle = {mark->tip.toPoint(), mark->base1.toPoint(), mark->base2.toPoint()};
     painter_.drawPolygon(triangle.data(), static_cast<int>(triangle.size()));
+}
+
+// The mark's map size in pixels at the view's scale; a latitude/longitude
+// plane counts in degrees.
+double QtMapCanvas::markLength() const
+{
+    const double unitsPerMetre = view_.Projection() == 0 ? 1 / kMetresPerDegree : 1;
+    return DirectionMark::kLength * unitsPerMetre * view_.scale();
 }
 
 void QtMapCanvas::setTextMetrics(const QFont& surfaceFont, int logicalDpiY)
@@ -529,6 +568,7 @@ void QtMapCanvas::DrawRotatedText(double X, double Y, double angle, const std::s
     qreal advance = 0;
     const QGlyphRun glyphs = face.layout(label, advance);
     flushLines();
+    centreOnPixels(false);
     if (turn == 0) {
         setPen(color, 0, 1);
         restorePainterPen();
@@ -550,6 +590,7 @@ void QtMapCanvas::DrawImage(std::int32_t ImageNumber)
     }
     // What is drawn before lies under the image.
     flushLines();
+    centreOnPixels(false);
     painter_.drawImage(placement->screen.topLeft(), source->read(placement->world, placement->screen.size()));
 }
 

@@ -73,6 +73,12 @@ public:
     // pixels. By default the application font at 96 dots per inch.
     void setTextMetrics(const QFont& surfaceFont, int logicalDpiY);
 
+    // Smooth drawing: lines, polygons, points and direction marks are drawn
+    // antialiased through the painter, centred on the pixels, and a solid
+    // fill keeps its exact colour wherever it covers a pixel whole. Off by
+    // default: whole pixels, as described above.
+    void setAntialiasing(bool on);
+
     // Clears the whole surface with the colour.
     void fill(const QColor& colour);
     // The Qt styles of the control's pen and fill style numbers.
@@ -95,6 +101,8 @@ private:
     void fillAndOutline();
     void restorePainterPen();
     void clipRing();
+    void centreOnPixels(bool on);
+    double markLength() const;
 
     PixelLines thin_;
     QPainter painter_;
@@ -122,6 +130,10 @@ private:
     std::vector<QLine> lines_;
     std::vector<QPoint> dots_;
     bool lineDrawn_ = false;
+    bool smooth_ = false;
+    // The painter is shifted half a pixel, so that whole coordinates fall on
+    // pixel centres when drawing smoothly.
+    bool centred_ = false;
     QFontMetricsF surfaceMetrics_{QFont()};
     LabelFonts labelFonts_{96};
     TurnedLabels turnedLabels_;

@@ -240,6 +240,7 @@ void Viewer::ReadProperties(const PropertyBag& bag)
     d_->document().MapCode = readNumber<std::int32_t>(bag, kMapCodeKey, 1);
     d_->document().IDUser = readNumber<std::int32_t>(bag, kIdUserKey, 0);
     d_->setImagePath(bag.ReadProperty(kImagePathKey, QString()).toString());
+    d_->renderer().setAntialiasing(bag.ReadProperty(kAntialiasingKey, true).toBool());
     connection.resetPendingRequests();
     d_->applyColors();
 }
@@ -258,6 +259,7 @@ void Viewer::WriteProperties(PropertyBag& bag) const
     bag.WriteProperty(kMapCodeKey, number(MapCode()), number(1));
     bag.WriteProperty(kIdUserKey, number(IDUser()), number(0));
     bag.WriteProperty(kImagePathKey, ImagePath(), QString());
+    bag.WriteProperty(kAntialiasingKey, Antialiasing(), true);
 }
 
 void Viewer::About()
@@ -529,6 +531,17 @@ void Viewer::setImagePath(const QString& path)
             emit propertyChanged(kImagePathKey);
         }
     });
+}
+
+bool Viewer::Antialiasing() const { return d_->renderer().antialiasing(); }
+
+void Viewer::setAntialiasing(bool on)
+{
+    if (on != Antialiasing()) {
+        d_->renderer().setAntialiasing(on);
+        d_->redrawMap();
+        emit propertyChanged(kAntialiasingKey);
+    }
 }
 
 int Viewer::LoadRasterFile(const QString& FileName)

@@ -75,6 +75,7 @@ ViewerPrivate::ViewerPrivate(Viewer& viewer)
     connectReceiveSide();
     connectMenus();
     renderer_.setRasters(&images_.images());
+    renderer_.setAntialiasing(true);
 }
 
 ViewerPrivate::~ViewerPrivate() = default;
