@@ -238,7 +238,7 @@ void QtMapCanvas::setPen(std::int32_t color, std::int32_t style, std::int32_t wi
         pen_ = QPen(penColor, pixels, qtStyle, Qt::RoundCap, Qt::RoundJoin);
         painter_.setPen(pen_);
         painterPenOff_ = false;
-        thinPen_ = !smooth_ && thin_.usable() && pixels <= 1 && qtStyle == Qt::SolidLine && penColor.alpha() == 255;
+        thinPen_ = thin_.usable() && pixels <= 1 && qtStyle == Qt::SolidLine && penColor.alpha() == 255;
         thin_.setColor(penColor.rgba());
     }
 }
@@ -373,7 +373,7 @@ void QtMapCanvas::endRun()
             thin_.dot(pixels_.front());
         }
         for (std::size_t k = 1; k < pixels_.size(); ++k) {
-            thin_.line(pixels_[k - 1], pixels_[k]);
+            thinLine(pixels_[k - 1], pixels_[k]);
         }
         pixels_.clear();
         return;
@@ -465,7 +465,16 @@ void QtMapCanvas::fillAndOutline()
         painter_.drawPolygon(pixels_.data(), count, Qt::OddEvenFill);
     }
     for (std::size_t k = 0; k < pixels_.size(); ++k) {
-        thin_.line(pixels_[k == 0 ? pixels_.size() - 1 : k - 1], pixels_[k]);
+        thinLine(pixels_[k == 0 ? pixels_.size() - 1 : k - 1], pixels_[k]);
+    }
+}
+
+void QtMapCanvas::thinLine(QPoint from, QPoint to)
+{
+    if (smooth_) {
+        thin_.smoothLine(from, to);
+    } else {
+        thin_.line(from, to);
     }
 }
 

@@ -97,6 +97,7 @@ private:
     void addClampedPixel(const QPointF& point);
     void lineTo(const ScreenPoint& from, const ScreenPoint& to);
     void endRun();
+    void thinLine(QPoint from, QPoint to);
     void flushLines();
     void fillAndOutline();
     void restorePainterPen();

@@ -240,4 +240,25 @@ TEST_F(QtMapCanvasTest, AntialiasingBlendsEdgesButKeepsASolidFillExact)
     EXPECT_NE(aliasedScene(view, true), aliasedScene(view, false));
 }
 
+TEST_F(QtMapCanvasTest, ASmoothThinLineSharesEachColumnBetweenTwoPixels)
+{
+    picture.fill(kWhite);
+    {
+        QtMapCanvas canvas(picture, view, QPalette());
+        canvas.setAntialiasing(true);
+        canvas.DrawPolyline(std::vector<ScreenPoint>{{10, 20}, {90, 53}}, style(0, 1, 0), true);
+    }
+    int partial = 0;
+    for (int x = 10; x <= 90; ++x) {
+        // The blue line takes red away from white in proportion to coverage.
+        int covered = 0;
+        for (int y = 0; y < 100; ++y) {
+            covered += 255 - qRed(at(x, y));
+            partial += at(x, y) != kWhite && at(x, y) != kBlue ? 1 : 0;
+        }
+        EXPECT_NEAR(covered, 255, 2) << x;
+    }
+    EXPECT_GT(partial, 60);
+}
+
 } // namespace
