@@ -116,9 +116,11 @@ std::pair<double, double> passage(const QRectF& area, double ax, double ay, doub
 
 } // namespace
 
+// A picture of more pixels than its size (a HiDPI screen's) is drawn in
+// through the painter's scaling only: its pixels are not set directly.
 QtMapCanvas::QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& palette)
-    : thin_(picture), view_(view), palette_(palette), picture_(0, 0, picture.width(), picture.height()),
-      turnedLabels_(picture)
+    : thin_(settable(picture)), view_(view), palette_(palette),
+      picture_(QPointF(0, 0), picture.deviceIndependentSize()), turnedLabels_(settable(picture))
 {
     // The pixels are taken before the painter opens: it paints on the same.
     painter_.begin(&picture);
@@ -131,6 +133,11 @@ QtMapCanvas::QtMapCanvas(QPaintDevice& device, QSize size, const Viewport& view,
 {
     painter_.begin(&device);
     setMargin(lineWidth_);
+}
+
+QImage& QtMapCanvas::settable(QImage& picture)
+{
+    return picture.devicePixelRatio() == 1 ? picture : noPixels_;
 }
 
 void QtMapCanvas::setAntialiasing(bool on)

@@ -44,6 +44,9 @@ namespace orbelan {
 class QtMapCanvas : public MapCanvas {
 public:
     QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& palette);
+    // A picture with a device pixel ratio above 1 is drawn at its full
+    // resolution, sizes and widths counted in its logical pixels.
+    //
     // A surface of the given size in pixels on any paint device, a PDF page
     // say: everything is drawn through the painter, so lines and polygons
     // stay vectors there.
@@ -88,6 +91,7 @@ public:
 private:
     // What the pixel writers get on a device without pixels of its own.
     QImage noPixels_;
+    QImage& settable(QImage& picture);
     void setPen(std::int32_t color, std::int32_t style, std::int32_t width);
     void setBrush(std::int32_t style, std::int32_t color);
     QColor color(std::int32_t value) const;

@@ -261,4 +261,28 @@ TEST_F(QtMapCanvasTest, ASmoothThinLineSharesEachColumnBetweenTwoPixels)
     EXPECT_GT(partial, 60);
 }
 
+TEST_F(QtMapCanvasTest, AHiDpiPictureHasTwiceThePixelsWithWidthsInLogicalPixels)
+{
+    QImage sharp(200, 200, QImage::Format_ARGB32_Premultiplied);
+    sharp.setDevicePixelRatio(2);
+    for (const bool antialiasing : {false, true}) {
+        sharp.fill(kBackground);
+        {
+            QtMapCanvas canvas(sharp, view, QPalette());
+            canvas.setAntialiasing(antialiasing);
+            canvas.DrawPolygon(kSquare, style(5, 1, 0));
+            canvas.DrawPolyline(std::vector<ScreenPoint>{{0, 90}, {100, 90}}, style(0, 1, 0), true);
+        }
+        EXPECT_EQ(sharp.pixel(45, 45), kRed) << antialiasing;
+        EXPECT_EQ(sharp.pixel(155, 155), kRed);
+        EXPECT_EQ(sharp.pixel(35, 100), kBackground);
+        EXPECT_EQ(sharp.pixel(165, 100), kBackground);
+        int line = 0;
+        for (int y = 170; y < 190; ++y) {
+            line += sharp.pixel(100, y) == kBlue ? 1 : 0;
+        }
+        EXPECT_EQ(line, 2);
+    }
+}
+
 } // namespace
