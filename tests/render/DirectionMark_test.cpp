@@ -35,17 +35,6 @@ TEST(DirectionMark, PointsAlongTheSegmentFromItsMiddle)
     expectPoint(DirectionMark::of({0, 0}, {30, 30}, 1, 30)->tip, 15 + step, 15 + step);
 }
 
-TEST(DirectionMark, TheMarkTakesItsLengthAndIsLeftOffShorterSegments)
-{
-    const auto half = DirectionMark::of({20, 50}, {80, 50}, 1, 15);
-    ASSERT_TRUE(half);
-    expectPoint(half->tip, 65, 50);
-    expectPoint(half->base1, 50, 46.25);
-    expectPoint(half->base2, 50, 53.75);
-    EXPECT_TRUE(DirectionMark::of({0, 0}, {18, 24}, 1, 30));
-    EXPECT_FALSE(DirectionMark::of({0, 0}, {18, 23.9f}, 1, 30));
-}
-
 TEST(DirectionMark, MinusOneReversesAndZeroDrawsNothing)
 {
     expectPoint(DirectionMark::of({20, 50}, {80, 50}, -1, 30)->tip, 20, 50);
