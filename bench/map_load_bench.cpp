@@ -47,11 +47,10 @@ DemoStore& store()
     return demo;
 }
 
-// Seconds from the first show until the map is loaded and every reply is in.
-double loadSeconds(quint16 port, std::int32_t map)
+// Shows the viewer on the map, at 1280 × 800, and waits until the map is
+// loaded and every reply is in; false when it is not within the limit.
+bool load(Viewer& viewer, ScriptedUiServices& ui, quint16 port, std::int32_t map)
 {
-    ScriptedUiServices ui;
-    Viewer viewer;
     viewer.setUiServices(ui);
     viewer.resize(1280, 800);
     viewer.setURL(QStringLiteral("127.0.0.1"));
@@ -64,7 +63,17 @@ double loadSeconds(quint16 port, std::int32_t map)
     while (!(viewer.layerscargados() && viewer.isIdle()) && clock.elapsed() < kLoadLimitMilliseconds) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 1);
     }
-    return viewer.layerscargados() ? static_cast<double>(clock.nsecsElapsed()) / 1e9 : -1;
+    return viewer.layerscargados();
+}
+
+// Seconds from the first show until the map is loaded and every reply is in.
+double loadSeconds(quint16 port, std::int32_t map)
+{
+    ScriptedUiServices ui;
+    Viewer viewer;
+    QElapsedTimer clock;
+    clock.start();
+    return load(viewer, ui, port, map) ? static_cast<double>(clock.nsecsElapsed()) / 1e9 : -1;
 }
 
 void BM_LoadMap(benchmark::State& state, std::int32_t map)
@@ -86,6 +95,28 @@ void BM_LoadMap(benchmark::State& state, std::int32_t map)
 }
 BENCHMARK_CAPTURE(BM_LoadMap, santiago, kSantiago)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_LoadMap, united_states, kUnitedStates)->UseManualTime()->Unit(benchmark::kMillisecond);
+
+// One full redraw of the loaded map in its first view, as Redraw draws it.
+void BM_RedrawMap(benchmark::State& state, std::int32_t map, bool antialiasing)
+{
+    if (map == kUnitedStates && atlasFolder().isEmpty()) {
+        state.SkipWithError("the us-atlas package is not in build/demo-data: run scripts/run.sh once");
+        return;
+    }
+    ServerUnderLoad server(store().path);
+    ScriptedUiServices ui;
+    Viewer viewer;
+    if (!load(viewer, ui, server.startServing(), map)) {
+        state.SkipWithError("the map did not load");
+        return;
+    }
+    viewer.setAntialiasing(antialiasing);
+    for (auto _ : state) {
+        viewer.Redraw();
+    }
+}
+BENCHMARK_CAPTURE(BM_RedrawMap, united_states_aliased, kUnitedStates, false)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_RedrawMap, united_states_antialiased, kUnitedStates, true)->Unit(benchmark::kMillisecond);
 
 // One cell of 20,000 lines of 10 vertices, relative coordinates as the server
 // sends a city's cell.

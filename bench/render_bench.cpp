@@ -86,11 +86,13 @@ struct Scene {
     orbelan::Viewport view;
     layer map{view};
     QImage picture{kWidth, kHeight, QImage::Format_ARGB32_Premultiplied};
+    bool antialiasing = false;
 
     void redraw()
     {
         picture.fill(Qt::white);
         orbelan::QtMapCanvas canvas(picture, view, QPalette());
+        canvas.setAntialiasing(antialiasing);
         map.Redraw(view.viewBox(), canvas);
     }
 };
@@ -125,10 +127,11 @@ void view(Scene& scene, double share)
     scene.view.SetView(cx - halfWidth, cy - halfHeight, cx + halfWidth, cy + halfHeight);
 }
 
-void BM_Redraw(benchmark::State& state, orbelan::TipoLayer kind, double share)
+void BM_Redraw(benchmark::State& state, orbelan::TipoLayer kind, double share, bool antialiasing = false)
 {
     Scene& drawn = scene(kind);
     view(drawn, share);
+    drawn.antialiasing = antialiasing;
     for (auto _ : state) {
         drawn.redraw();
         benchmark::DoNotOptimize(drawn.picture.constBits());
@@ -140,5 +143,9 @@ BENCHMARK_CAPTURE(BM_Redraw, polylines_whole, orbelan::polylinelayer, 1.0)->Unit
 BENCHMARK_CAPTURE(BM_Redraw, polylines_tenth, orbelan::polylinelayer, 0.1)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_Redraw, polygons_whole, orbelan::polygonlayer, 1.0)->Unit(benchmark::kMillisecond);
 BENCHMARK_CAPTURE(BM_Redraw, polygons_tenth, orbelan::polygonlayer, 0.1)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_Redraw, polylines_whole_antialiased, orbelan::polylinelayer, 1.0, true)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(BM_Redraw, polygons_whole_antialiased, orbelan::polygonlayer, 1.0, true)
+    ->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -5,7 +5,8 @@
 
 namespace orbelan {
 
-std::optional<DirectionMark> DirectionMark::of(ScreenPoint from, ScreenPoint to, std::int16_t direction)
+std::optional<DirectionMark> DirectionMark::of(ScreenPoint from, ScreenPoint to, std::int16_t direction,
+                                              double length)
 {
     if (direction == 0 || !std::isfinite(from.X) || !std::isfinite(from.Y) || !std::isfinite(to.X) ||
         !std::isfinite(to.Y)) {
@@ -14,6 +15,9 @@ std::optional<DirectionMark> DirectionMark::of(ScreenPoint from, ScreenPoint to,
     // Upwards positive, as in the map's plane.
     const double dx = static_cast<double>(to.X) - from.X;
     const double dy = static_cast<double>(from.Y) - to.Y;
+    if (!(std::hypot(dx, dy) >= length)) {
+        return std::nullopt;
+    }
     double theta = 0;
     if (dx > 0) {
         theta = -std::atan(dy / dx);
@@ -29,11 +33,12 @@ std::optional<DirectionMark> DirectionMark::of(ScreenPoint from, ScreenPoint to,
     const double midY = -(static_cast<double>(from.Y) + to.Y) / 2;
     const double sine = std::sin(theta);
     const double cosine = std::cos(theta);
+    const double halfBase = length / 4;
     // Back to the screen, where Y grows downwards.
     const auto screen = [](double x, double y) { return QPointF(x, -y); };
-    return DirectionMark{screen(midX + kLength * cosine, midY - kLength * sine),
-                         screen(midX + kHalfBase * sine, midY + kHalfBase * cosine),
-                         screen(midX - kHalfBase * sine, midY - kHalfBase * cosine)};
+    return DirectionMark{screen(midX + length * cosine, midY - length * sine),
+                         screen(midX + halfBase * sine, midY + halfBase * cosine),
+                         screen(midX - halfBase * sine, midY - halfBase * cosine)};
 }
 
 } // namespace orbelan

@@ -55,6 +55,7 @@ void MapRenderer::drawLayers(QtMapCanvas& canvas, const Viewport& view, MapDocum
 {
     canvas.setTextMetrics(font_, dotsPerInch_);
     canvas.setRasters(rasters_);
+    canvas.setAntialiasing(antialiasing_);
     const BoundingBox& box = view.viewBox();
     for (layer& mapLayer : document.Layers()) {
         if (!onlyLayer || mapLayer.IDLayer == *onlyLayer) {
@@ -78,6 +79,7 @@ void MapRenderer::highlight(QImage& picture, const Viewport& view, layer& target
         return;
     }
     QtMapCanvas canvas(picture, view, palette_);
+    canvas.setAntialiasing(antialiasing_);
     for (const std::int32_t id : ids) {
         target.resaltar(id, view.viewBox(), canvas);
     }

@@ -41,6 +41,9 @@ public:
     // With the scale bar on, every render ends with a metric scale bar in a corner.
     void setScaleBar(bool shown) { scaleBar_ = shown; }
     bool scaleBar() const { return scaleBar_; }
+    // Geometry drawn smoothly (see QtMapCanvas::setAntialiasing); off by default.
+    void setAntialiasing(bool on) { antialiasing_ = on; }
+    bool antialiasing() const { return antialiasing_; }
 
     // With onlyLayer, that layer is drawn anew and the others as they were
     // drawn last (their drawn elements are not looked up again).
@@ -68,6 +71,7 @@ private:
     const RasterImages* rasters_ = nullptr;
 
     bool scaleBar_ = false;
+    bool antialiasing_ = false;
 };
 
 } // namespace orbelan

@@ -1,6 +1,8 @@
 #include "render/PixelLines.h"
 
+#include <cmath>
 #include <cstdlib>
+#include <utility>
 
 namespace orbelan {
 
@@ -50,6 +52,55 @@ void PixelLines::line(QPoint from, QPoint to)
         if (twice <= dx) {
             error += dx;
             y += stepY;
+        }
+    }
+}
+
+void PixelLines::blend(int x, int y, int coverage)
+{
+    if (!contains({x, y})) {
+        return;
+    }
+    QRgb& pixel = reinterpret_cast<QRgb*>(bits_ + static_cast<std::ptrdiff_t>(y) * stride_)[x];
+    const QRgb under = pixel;
+    QRgb mixed = 0;
+    for (int shift = 0; shift < 32; shift += 8) {
+        const int top = static_cast<int>((color_ >> shift) & 0xFF);
+        const int bottom = static_cast<int>((under >> shift) & 0xFF);
+        mixed |= static_cast<QRgb>(bottom + (((top - bottom) * coverage) >> 8)) << shift;
+    }
+    pixel = mixed;
+}
+
+void PixelLines::smoothLine(QPoint from, QPoint to)
+{
+    const bool steep = std::abs(to.y() - from.y()) > std::abs(to.x() - from.x());
+    // Along the longer axis as "x", across it as "y".
+    int x0 = steep ? from.y() : from.x();
+    int y0 = steep ? from.x() : from.y();
+    int x1 = steep ? to.y() : to.x();
+    int y1 = steep ? to.x() : to.y();
+    if (x0 > x1) {
+        std::swap(x0, x1);
+        std::swap(y0, y1);
+    }
+    const int length = x1 - x0;
+    if (length == 0) {
+        dot(from);
+        return;
+    }
+    // Fixed point, 8 bits of fraction.
+    const int slope = ((y1 - y0) * 256) / length;
+    int across = y0 * 256;
+    for (int along = x0; along <= x1; ++along, across += slope) {
+        const int whole = across >> 8;
+        const int share = across & 0xFF;
+        if (steep) {
+            blend(whole, along, 256 - share);
+            blend(whole + 1, along, share);
+        } else {
+            blend(along, whole, 256 - share);
+            blend(along, whole + 1, share);
         }
     }
 }

@@ -12,6 +12,10 @@ namespace orbelan {
 // when a redraw hands over a million short segments. Each segment covers
 // both its ends and one pixel per step along its longer axis (Bresenham).
 // Pixels outside the picture are left alone.
+//
+// Smooth lines cover, at each step along the longer axis, the two pixels
+// across the line in shares of how near each lies to it (Wu), blended over
+// what is there.
 class PixelLines {
 public:
     // The picture's pixels, taken before a painter opens on it; a picture of
@@ -23,10 +27,14 @@ public:
     void setColor(QRgb color) { color_ = color; }
     void line(QPoint from, QPoint to);
     void dot(QPoint at);
+    void smoothLine(QPoint from, QPoint to);
 
 private:
     bool contains(QPoint at) const { return at.x() >= 0 && at.y() >= 0 && at.x() < width_ && at.y() < height_; }
     void set(int x, int y) { reinterpret_cast<QRgb*>(bits_ + static_cast<std::ptrdiff_t>(y) * stride_)[x] = color_; }
+
+    // Lays the colour over the pixel at that coverage, 0 to 256.
+    void blend(int x, int y, int coverage);
 
     uchar* bits_ = nullptr;
     qsizetype stride_ = 0;

@@ -9,6 +9,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <numbers>
 #include <utility>
 
 namespace orbelan {
@@ -22,6 +23,8 @@ constexpr std::int32_t kMaximumWidth = 1000;
 constexpr double kMargin = 16;
 // A direction mark reaches this far from its points.
 constexpr double kMarkReach = 64;
+// The length of a degree of latitude on the sphere, in metres.
+constexpr double kMetresPerDegree = 6371000.0 * std::numbers::pi / 180;
 // No label is longer than this, so one anchored further out cannot show.
 constexpr double kTextReach = 2048;
 
@@ -113,9 +116,11 @@ std::pair<double, double> passage(const QRectF& area, double ax, double ay, doub
 
 } // namespace
 
+// A picture of more pixels than its size (a HiDPI screen's) is drawn in
+// through the painter's scaling only: its pixels are not set directly.
 QtMapCanvas::QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& palette)
-    : thin_(picture), view_(view), palette_(palette), picture_(0, 0, picture.width(), picture.height()),
-      turnedLabels_(picture)
+    : thin_(settable(picture)), view_(view), palette_(palette),
+      picture_(QPointF(0, 0), picture.deviceIndependentSize()), turnedLabels_(settable(picture))
 {
     // The pixels are taken before the painter opens: it paints on the same.
     painter_.begin(&picture);
@@ -130,8 +135,32 @@ QtMapCanvas::QtMapCanvas(QPaintDevice& device, QSize size, const Viewport& view,
     setMargin(lineWidth_);
 }
 
+QImage& QtMapCanvas::settable(QImage& picture)
+{
+    return picture.devicePixelRatio() == 1 ? picture : noPixels_;
+}
+
+void QtMapCanvas::setAntialiasing(bool on)
+{
+    flushLines();
+    centreOnPixels(false);
+    smooth_ = on;
+    painter_.setRenderHint(QPainter::Antialiasing, on);
+    penKey_ = ~std::uint64_t{0};
+}
+
+void QtMapCanvas::centreOnPixels(bool on)
+{
+    on = on && smooth_;
+    if (on != centred_) {
+        centred_ = on;
+        painter_.setTransform(on ? QTransform::fromTranslate(0.5, 0.5) : QTransform());
+    }
+}
+
 void QtMapCanvas::fill(const QColor& colour)
 {
+    centreOnPixels(false);
     painter_.fillRect(picture_, colour);
 }
 
@@ -269,6 +298,7 @@ void QtMapCanvas::DrawPoints(std::span<const ScreenPoint> points, const Theme& t
     setMargin(lineWidth_);
     flushLines();
     restorePainterPen();
+    centreOnPixels(true);
     pixels_.clear();
     for (const ScreenPoint& point : points) {
         if (finite(point) && inside(point.X, point.Y)) {
@@ -350,7 +380,7 @@ void QtMapCanvas::endRun()
             thin_.dot(pixels_.front());
         }
         for (std::size_t k = 1; k < pixels_.size(); ++k) {
-            thin_.line(pixels_[k - 1], pixels_[k]);
+            thinLine(pixels_[k - 1], pixels_[k]);
         }
         pixels_.clear();
         return;
@@ -375,6 +405,7 @@ void QtMapCanvas::flushLines()
         return;
     }
     restorePainterPen();
+    centreOnPixels(true);
     if (!lines_.empty()) {
         painter_.drawLines(lines_.data(), static_cast<int>(lines_.size()));
         lines_.clear();
@@ -388,6 +419,7 @@ void QtMapCanvas::flushLines()
 void QtMapCanvas::DrawPolygon(std::span<const ScreenPoint> points, const Theme& theme)
 {
     flushLines();
+    centreOnPixels(true);
     lineStyle_ = theme.DrawStyle;
     lineWidth_ = theme.DrawWidth;
     setBrush(theme.FillStyle, theme.FillColor);
@@ -440,7 +472,16 @@ void QtMapCanvas::fillAndOutline()
         painter_.drawPolygon(pixels_.data(), count, Qt::OddEvenFill);
     }
     for (std::size_t k = 0; k < pixels_.size(); ++k) {
-        thin_.line(pixels_[k == 0 ? pixels_.size() - 1 : k - 1], pixels_[k]);
+        thinLine(pixels_[k == 0 ? pixels_.size() - 1 : k - 1], pixels_[k]);
+    }
+}
+
+void QtMapCanvas::thinLine(QPoint from, QPoint to)
+{
+    if (smooth_) {
+        thin_.smoothLine(from, to);
+    } else {
+        thin_.line(from, to);
     }
 }
 
@@ -482,12 +523,13 @@ void QtMapCanvas::clipRing()
 // black, then the triangle filled white over their inner half.
 void QtMapCanvas::DrawDirectionMark(ScreenPoint from, ScreenPoint to, std::int16_t direction)
 {
-    const std::optional<DirectionMark> mark = DirectionMark::of(from, to, direction);
+    const std::optional<DirectionMark> mark = DirectionMark::of(from, to, direction, markLength());
     const QRectF reach = picture_.adjusted(-kMarkReach, -kMarkReach, kMarkReach, kMarkReach);
     if (!mark || !reach.contains(mark->tip) || !reach.contains(mark->base1) || !reach.contains(mark->base2)) {
         return;
     }
     flushLines();
+    centreOnPixels(true);
     setPen(kBlack, 0, kMarkBorderWidth);
     restorePainterPen();
     painter_.drawLine(mark->tip, mark->base1);
@@ -498,8 +540,21 @@ void QtMapCanvas::DrawDirectionMark(ScreenPoint from, ScreenPoint to, std::int16
     setBrush(0, kWhite);
     setPen(kWhite, lineStyle_, lineWidth_);
     restorePainterPen();
+    if (smooth_) {
+        const std::array<QPointF, 3> triangle = {mark->tip, mark->base1, mark->base2};
+        painter_.drawPolygon(triangle.data(), static_cast<int>(triangle.size()));
+        return;
+    }
     const std::array<QPoint, 3> triangle = {mark->tip.toPoint(), mark->base1.toPoint(), mark->base2.toPoint()};
     painter_.drawPolygon(triangle.data(), static_cast<int>(triangle.size()));
+}
+
+// The mark's map size in pixels at the view's scale; a latitude/longitude
+// plane counts in degrees.
+double QtMapCanvas::markLength() const
+{
+    const double unitsPerMetre = view_.Projection() == 0 ? 1 / kMetresPerDegree : 1;
+    return DirectionMark::kLength * unitsPerMetre * view_.scale();
 }
 
 void QtMapCanvas::setTextMetrics(const QFont& surfaceFont, int logicalDpiY)
@@ -529,6 +584,7 @@ void QtMapCanvas::DrawRotatedText(double X, double Y, double angle, const std::s
     qreal advance = 0;
     const QGlyphRun glyphs = face.layout(label, advance);
     flushLines();
+    centreOnPixels(false);
     if (turn == 0) {
         setPen(color, 0, 1);
         restorePainterPen();
@@ -550,6 +606,7 @@ void QtMapCanvas::DrawImage(std::int32_t ImageNumber)
     }
     // What is drawn before lies under the image.
     flushLines();
+    centreOnPixels(false);
     painter_.drawImage(placement->screen.topLeft(), source->read(placement->world, placement->screen.size()));
 }
 

@@ -44,6 +44,9 @@ namespace orbelan {
 class QtMapCanvas : public MapCanvas {
 public:
     QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& palette);
+    // A picture with a device pixel ratio above 1 is drawn at its full
+    // resolution, sizes and widths counted in its logical pixels.
+    //
     // A surface of the given size in pixels on any paint device, a PDF page
     // say: everything is drawn through the painter, so lines and polygons
     // stay vectors there.
@@ -73,6 +76,12 @@ public:
     // pixels. By default the application font at 96 dots per inch.
     void setTextMetrics(const QFont& surfaceFont, int logicalDpiY);
 
+    // Smooth drawing: lines, polygons, points and direction marks are drawn
+    // antialiased through the painter, centred on the pixels, and a solid
+    // fill keeps its exact colour wherever it covers a pixel whole. Off by
+    // default: whole pixels, as described above.
+    void setAntialiasing(bool on);
+
     // Clears the whole surface with the colour.
     void fill(const QColor& colour);
     // The Qt styles of the control's pen and fill style numbers.
@@ -82,6 +91,7 @@ public:
 private:
     // What the pixel writers get on a device without pixels of its own.
     QImage noPixels_;
+    QImage& settable(QImage& picture);
     void setPen(std::int32_t color, std::int32_t style, std::int32_t width);
     void setBrush(std::int32_t style, std::int32_t color);
     QColor color(std::int32_t value) const;
@@ -91,10 +101,13 @@ private:
     void addClampedPixel(const QPointF& point);
     void lineTo(const ScreenPoint& from, const ScreenPoint& to);
     void endRun();
+    void thinLine(QPoint from, QPoint to);
     void flushLines();
     void fillAndOutline();
     void restorePainterPen();
     void clipRing();
+    void centreOnPixels(bool on);
+    double markLength() const;
 
     PixelLines thin_;
     QPainter painter_;
@@ -122,6 +135,10 @@ private:
     std::vector<QLine> lines_;
     std::vector<QPoint> dots_;
     bool lineDrawn_ = false;
+    bool smooth_ = false;
+    // The painter is shifted half a pixel, so that whole coordinates fall on
+    // pixel centres when drawing smoothly.
+    bool centred_ = false;
     QFontMetricsF surfaceMetrics_{QFont()};
     LabelFonts labelFonts_{96};
     TurnedLabels turnedLabels_;

@@ -241,6 +241,7 @@ void Viewer::ReadProperties(const PropertyBag& bag)
     d_->document().IDUser = readNumber<std::int32_t>(bag, kIdUserKey, 0);
     d_->setImagePath(bag.ReadProperty(kImagePathKey, QString()).toString());
     d_->setScaleBar(bag.ReadProperty(kScaleBarKey, true).toBool());
+    d_->renderer().setAntialiasing(bag.ReadProperty(kAntialiasingKey, true).toBool());
     connection.resetPendingRequests();
     d_->applyColors();
 }
@@ -260,6 +261,7 @@ void Viewer::WriteProperties(PropertyBag& bag) const
     bag.WriteProperty(kIdUserKey, number(IDUser()), number(0));
     bag.WriteProperty(kImagePathKey, ImagePath(), QString());
     bag.WriteProperty(kScaleBarKey, ScaleBar(), true);
+    bag.WriteProperty(kAntialiasingKey, Antialiasing(), true);
 }
 
 void Viewer::About()
@@ -542,6 +544,17 @@ void Viewer::setScaleBar(bool shown)
             emit propertyChanged(kScaleBarKey);
         }
     });
+}
+
+bool Viewer::Antialiasing() const { return d_->renderer().antialiasing(); }
+
+void Viewer::setAntialiasing(bool on)
+{
+    if (on != Antialiasing()) {
+        d_->renderer().setAntialiasing(on);
+        d_->redrawMap();
+        emit propertyChanged(kAntialiasingKey);
+    }
 }
 
 int Viewer::LoadRasterFile(const QString& FileName)

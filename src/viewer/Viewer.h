@@ -55,6 +55,7 @@ class Viewer : public QWidget {
     Q_PROPERTY(int Tool READ currentTool NOTIFY toolChanged)
     Q_PROPERTY(QString ImagePath READ ImagePath WRITE setImagePath)
     Q_PROPERTY(bool ScaleBar READ ScaleBar WRITE setScaleBar)
+    Q_PROPERTY(bool Antialiasing READ Antialiasing WRITE setAntialiasing)
 
 public:
     // Keys of the persisted properties in the host's property bag.
@@ -71,6 +72,7 @@ public:
     static constexpr const char* kIdUserKey = "IDUser";
     static constexpr const char* kImagePathKey = "ImagePath";
     static constexpr const char* kScaleBarKey = "ScaleBar";
+    static constexpr const char* kAntialiasingKey = "Antialiasing";
 
     explicit Viewer(QWidget* parent = nullptr);
     ~Viewer() override;
@@ -236,6 +238,11 @@ public:
     // A metric scale bar in the bottom-right corner of the map (persisted, on by default).
     bool ScaleBar() const;
     void setScaleBar(bool shown);
+    // Lines, polygons, points and direction marks drawn smoothly (persisted;
+    // on by default). Off, they are drawn in whole pixels. Either way a solid
+    // polygon's inside keeps its class's exact colour. A change redraws.
+    bool Antialiasing() const;
+    void setAntialiasing(bool on);
     // Opens ImagePath/FileName as a new raster image and returns its number,
     // or -1 when there is no such file (or it is no raster that can be placed).
     Q_INVOKABLE int LoadRasterFile(const QString& FileName);

@@ -76,6 +76,7 @@ ViewerPrivate::ViewerPrivate(Viewer& viewer)
     connectMenus();
     renderer_.setRasters(&images_.images());
     renderer_.setScaleBar(true);
+    renderer_.setAntialiasing(true);
 }
 
 ViewerPrivate::~ViewerPrivate() = default;
@@ -282,8 +283,11 @@ void ViewerPrivate::drawMap(std::optional<std::int32_t> onlyLayer)
 void ViewerPrivate::renderPicture(std::optional<std::int32_t> onlyLayer)
 {
     viewport_.setSize(viewer_.width(), viewer_.height());
-    if (picture_.size() != viewer_.size()) {
-        picture_ = QImage(viewer_.size(), QImage::Format_ARGB32_Premultiplied);
+    // On a HiDPI screen the picture has the screen's pixels.
+    const qreal ratio = viewer_.devicePixelRatioF();
+    if (picture_.deviceIndependentSize() != QSizeF(viewer_.size()) || picture_.devicePixelRatio() != ratio) {
+        picture_ = QImage(viewer_.size() * ratio, QImage::Format_ARGB32_Premultiplied);
+        picture_.setDevicePixelRatio(ratio);
     }
     hideRubberBand();
     renderer_.setPalette(viewer_.palette());
@@ -796,7 +800,10 @@ void ViewerPrivate::snapShot()
     }
     QClipboard* clipboard = QGuiApplication::clipboard();
     clipboard->clear();
-    clipboard->setImage(picture_);
+    // The picture at the control's own size, as on a screen of one pixel a point.
+    clipboard->setImage(picture_.devicePixelRatio() == 1
+                            ? picture_
+                            : picture_.scaled(viewer_.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
 }
 
 void ViewerPrivate::exportImage(const QString& fileName, int width, int height, int dpi)

@@ -53,6 +53,7 @@ public:
 
     // SessionEvents and MapToolHost
     void redrawMap() override { drawMap(std::nullopt); }
+    MapRenderer& renderer() { return renderer_; }
     void zoomToExtents() override;
     void changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName = {}) override;
     void definitionLoaded() override;

@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <numbers>
 #include <vector>
 
 using orbelan::QtMapCanvas;
@@ -44,6 +45,13 @@ protected:
         view.setSize(100, 100);
         view.SetView(-50, -50, 50, 50);
         picture.fill(kBackground);
+    }
+
+    // A latitude/longitude view around (0, 0) at that many metres a pixel.
+    void showMetresPerPixel(double metres)
+    {
+        const double half = 50 * metres / (6371000.0 * std::numbers::pi / 180);
+        view.SetView(-half, -half, half, half);
     }
 
     QRgb at(int x, int y) const { return picture.pixel(x, y); }
@@ -147,6 +155,7 @@ TEST_F(QtMapCanvasTest, AHighlightedLineIsRedAndTwiceAsWide)
 
 TEST_F(QtMapCanvasTest, ADirectionMarkIsAWhiteArrowheadWithABlackBorder)
 {
+    showMetresPerPixel(1);
     QtMapCanvas(picture, view, QPalette()).DrawDirectionMark({20, 50}, {80, 50}, 1);
     EXPECT_EQ(at(58, 50), kWhite);
     EXPECT_EQ(at(49, 50), kBlack);
@@ -155,6 +164,125 @@ TEST_F(QtMapCanvasTest, ADirectionMarkIsAWhiteArrowheadWithABlackBorder)
     QtMapCanvas(picture, view, QPalette()).DrawDirectionMark({20, 50}, {80, 50}, -1);
     EXPECT_EQ(at(42, 50), kWhite);
     EXPECT_EQ(at(60, 50), kBackground);
+}
+
+TEST_F(QtMapCanvasTest, DirectionMarksAreThirtyMetresLongAndLeftOffShorterSegments)
+{
+    showMetresPerPixel(2);
+    QtMapCanvas(picture, view, QPalette()).DrawDirectionMark({20, 50}, {80, 50}, 1);
+    EXPECT_EQ(at(60, 50), kWhite);
+    EXPECT_EQ(at(66, 50), kBlack);
+    EXPECT_EQ(at(70, 50), kBackground);
+    EXPECT_EQ(at(50, 56), kBackground);
+    picture.fill(kBackground);
+    showMetresPerPixel(1);
+    {
+        QtMapCanvas canvas(picture, view, QPalette());
+        canvas.setAntialiasing(true);
+        canvas.DrawDirectionMark({40, 50}, {60, 50}, 1);
+        canvas.DrawDirectionMark({50, 10}, {50, 38.5f}, 1);
+    }
+    EXPECT_EQ(count(picture.rect(), kBackground), picture.width() * picture.height());
+}
+
+// Lines of every kind, fills, hatches and points, as the whole-pixel drawing
+// draws them.
+QImage aliasedScene(const orbelan::Viewport& view, bool antialiasing)
+{
+    QImage scene(100, 100, QImage::Format_ARGB32_Premultiplied);
+    scene.fill(kBackground);
+    QtMapCanvas canvas(scene, view, QPalette());
+    canvas.setAntialiasing(antialiasing);
+    canvas.DrawPolygon(std::vector<ScreenPoint>{{5.3f, 8}, {60, 3.6f}, {47, 55.5f}, {9, 40}}, style(0, 1, 0));
+    canvas.DrawPolygon(std::vector<ScreenPoint>{{50, 50}, {95, 60}, {70, 97}}, style(1, 2, 6));
+    canvas.DrawPolyline(std::vector<ScreenPoint>{{0, 99}, {33.4f, 61}, {99, 70.2f}}, style(0, 1, 0), true);
+    canvas.DrawPolyline(std::vector<ScreenPoint>{{2, 70}, {40, 95}, {98, 2}}, style(0, 3, 0), true);
+    canvas.DrawPolyline(std::vector<ScreenPoint>{{10, 20}, {90, 35}}, style(2, 1, 0), true);
+    canvas.DrawPoints(std::vector<ScreenPoint>{{80, 10}, {85.5f, 15.5f}}, style(0, 4, 0));
+    return scene;
+}
+
+TEST_F(QtMapCanvasTest, WithoutAntialiasingTheWholePixelsStayAsTheyWere)
+{
+    const QImage reference(QStringLiteral(RENDER_TEST_DATA "/aliased-scene.png"));
+    ASSERT_FALSE(reference.isNull());
+    EXPECT_EQ(aliasedScene(view, false), reference.convertToFormat(QImage::Format_ARGB32_Premultiplied));
+}
+
+TEST_F(QtMapCanvasTest, AntialiasingBlendsEdgesButKeepsASolidFillExact)
+{
+    const QPolygonF slanted({{10, 12}, {88, 21}, {60, 90}});
+    std::vector<ScreenPoint> corners;
+    for (const QPointF& corner : slanted) {
+        corners.push_back({static_cast<float>(corner.x()), static_cast<float>(corner.y())});
+    }
+    {
+        QtMapCanvas canvas(picture, view, QPalette());
+        canvas.setAntialiasing(true);
+        canvas.DrawPolygon(corners, style(5, 1, 0));
+    }
+    // A pixel whose whole square lies inside is the class colour; the
+    // corners are on pixel centres.
+    int blended = 0;
+    for (int y = 0; y < 100; ++y) {
+        for (int x = 0; x < 100; ++x) {
+                    const QRectF square(x - 0.5, y - 0.5, 1, 1);
+            const bool whole = std::ranges::all_of(
+                std::array{square.topLeft(), square.topRight(), square.bottomLeft(), square.bottomRight()},
+                [&](const QPointF& corner) { return slanted.containsPoint(corner, Qt::OddEvenFill); });
+            if (whole) {
+                EXPECT_EQ(at(x, y), kRed) << x << ',' << y;
+            }
+            blended += at(x, y) != kRed && at(x, y) != kBackground ? 1 : 0;
+        }
+    }
+    EXPECT_GT(blended, 100);
+    EXPECT_NE(aliasedScene(view, true), aliasedScene(view, false));
+}
+
+TEST_F(QtMapCanvasTest, ASmoothThinLineSharesEachColumnBetweenTwoPixels)
+{
+    picture.fill(kWhite);
+    {
+        QtMapCanvas canvas(picture, view, QPalette());
+        canvas.setAntialiasing(true);
+        canvas.DrawPolyline(std::vector<ScreenPoint>{{10, 20}, {90, 53}}, style(0, 1, 0), true);
+    }
+    int partial = 0;
+    for (int x = 10; x <= 90; ++x) {
+        // The blue line takes red away from white in proportion to coverage.
+        int covered = 0;
+        for (int y = 0; y < 100; ++y) {
+            covered += 255 - qRed(at(x, y));
+            partial += at(x, y) != kWhite && at(x, y) != kBlue ? 1 : 0;
+        }
+        EXPECT_NEAR(covered, 255, 2) << x;
+    }
+    EXPECT_GT(partial, 60);
+}
+
+TEST_F(QtMapCanvasTest, AHiDpiPictureHasTwiceThePixelsWithWidthsInLogicalPixels)
+{
+    QImage sharp(200, 200, QImage::Format_ARGB32_Premultiplied);
+    sharp.setDevicePixelRatio(2);
+    for (const bool antialiasing : {false, true}) {
+        sharp.fill(kBackground);
+        {
+            QtMapCanvas canvas(sharp, view, QPalette());
+            canvas.setAntialiasing(antialiasing);
+            canvas.DrawPolygon(kSquare, style(5, 1, 0));
+            canvas.DrawPolyline(std::vector<ScreenPoint>{{0, 90}, {100, 90}}, style(0, 1, 0), true);
+        }
+        EXPECT_EQ(sharp.pixel(45, 45), kRed) << antialiasing;
+        EXPECT_EQ(sharp.pixel(155, 155), kRed);
+        EXPECT_EQ(sharp.pixel(35, 100), kBackground);
+        EXPECT_EQ(sharp.pixel(165, 100), kBackground);
+        int line = 0;
+        for (int y = 170; y < 190; ++y) {
+            line += sharp.pixel(100, y) == kBlue ? 1 : 0;
+        }
+        EXPECT_EQ(line, 2);
+    }
 }
 
 } // namespace

@@ -91,6 +91,7 @@ TEST_F(ViewerDrawing, VerticesFarAwayOrNotNumbersAreCutOrLeftOut)
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const std::vector<Vertex> road = {{-1e300, 0}, {0, 0}, {nan, 1}, {1e300, 1e300}, {5, -4}};
     roads.Entidades.AddEntity(1, road, roads);
+    viewer.setAntialiasing(false);
     viewer.Redraw();
     EXPECT_EQ(roads.DrawnIDs().size(), 1u);
     EXPECT_EQ(at(20, 100), kRed);   // from far west to (0, 0)
@@ -118,12 +119,15 @@ TEST_F(ViewerDrawing, RedrawingOneLayerTakesOnlyItsArrivals)
 
 TEST_F(ViewerDrawing, DirectionMarksLieOverEveryLayersGeometry)
 {
+    // Close enough for the 30-metre arrowhead to be 16 pixels long.
+    constexpr double unit = 1.0 / 3000;
+    viewer.SetView(-10 * unit, -5 * unit, 10 * unit, 5 * unit);
     layer& streets = addLayer(1, polylinelayer, 0x000000);
     streets.Loaded = true;
     streets.setUserDirectionVisibility(2);
-    const std::vector<Vertex> street = {{-3, 0}, {3, 0}};
+    const std::vector<Vertex> street = {{-3 * unit, 0}, {3 * unit, 0}};
     streets.Entidades.AddEntity(1, street, streets).Direction = 1;
-    addRectangle(addLayer(2, polygonlayer, 0x0000FF), 1, -5, -2, 5, 8);
+    addRectangle(addLayer(2, polygonlayer, 0x0000FF), 1, -5 * unit, -2 * unit, 5 * unit, 8 * unit);
     viewer.Redraw();
     EXPECT_EQ(at(208, 100), kWhite); // inside the arrowhead on the street's middle
     EXPECT_EQ(at(192, 100), kRed);   // behind it

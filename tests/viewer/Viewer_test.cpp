@@ -144,6 +144,7 @@ TEST_F(ViewerTest, MissingOrCorruptStoredValuesGiveTheReadDefaults)
     EXPECT_EQ(std::tuple(viewer.BackColor(), viewer.ForeColor()), std::tuple(0x8000000Fu, 0x80000012u));
     EXPECT_EQ(std::tuple(viewer.isEnabled(), viewer.Appearance(), viewer.BackStyle(), viewer.BorderStyle()),
               std::tuple(true, 1, 1, 0));
+    EXPECT_TRUE(viewer.Antialiasing());
 }
 
 TEST_F(ViewerTest, ValuesEqualToTheWriteDefaultsAreNotStored)
@@ -170,6 +171,7 @@ TEST_F(ViewerTest, PropertiesSurviveASettingsFile)
         viewer.setPort(1001);
         viewer.setMapCode(42);
         viewer.setIDUser(-7);
+        viewer.setAntialiasing(false);
         viewer.WriteProperties(bag);
     }
     QSettings settings(file, QSettings::IniFormat);
@@ -180,6 +182,7 @@ TEST_F(ViewerTest, PropertiesSurviveASettingsFile)
               std::tuple(0x80000005u, 0x00FF8000u, false, 1));
     EXPECT_EQ(std::tuple(copy.URL(), copy.port(), copy.MapCode(), copy.IDUser()),
               std::tuple("maps.example.org", 1001, 42, -7));
+    EXPECT_FALSE(copy.Antialiasing());
 }
 
 TEST_F(ViewerTest, EveryWriteIsAnnouncedButLoadingIsNot)
