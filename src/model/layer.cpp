@@ -614,14 +614,15 @@ void layer::RedrawWOCalc(const BoundingBox& BBox, MapCanvas& Wnd)
     }
 }
 
-void layer::DrawLabels(const BoundingBox& BBox, MapCanvas& Wnd)
+std::vector<const Entidad*> layer::labelledEntities(const BoundingBox& BBox)
 {
+    std::vector<const Entidad*> labelled;
     if (!Loaded || !Visible) {
-        return;
+        return labelled;
     }
     lblVisible = CalculateLabelVisibility();
     if (!lblVisible || !BBox.InterseccionCon(bb) || labels_.count() == 0) {
-        return;
+        return labelled;
     }
     // Indexed by label position; an entity whose IDLabel has no text has
     // no label to draw either.
@@ -636,7 +637,26 @@ void layer::DrawLabels(const BoundingBox& BBox, MapCanvas& Wnd)
             }
             used[entity->IDLabel] = true;
         }
+        labelled.push_back(entity);
+    }
+    return labelled;
+}
+
+void layer::DrawLabels(const BoundingBox& BBox, MapCanvas& Wnd)
+{
+    for (const Entidad* entity : labelledEntities(BBox)) {
         entity->DrawEntityLabel(Wnd);
+    }
+}
+
+void layer::CollectLabels(const BoundingBox& BBox, const MapCanvas& Wnd, std::size_t layerOrder,
+                          std::vector<LabelCandidate>& candidates)
+{
+    for (const Entidad* entity : labelledEntities(BBox)) {
+        if (std::optional<LabelCandidate> candidate = entity->labelCandidate(Wnd)) {
+            candidate->layerOrder = layerOrder;
+            candidates.push_back(std::move(*candidate));
+        }
     }
 }
 

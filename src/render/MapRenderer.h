@@ -13,6 +13,7 @@ class QSize;
 
 namespace orbelan {
 
+class BoundingBox;
 class MapDocument;
 class QtMapCanvas;
 class RasterImages;
@@ -38,6 +39,12 @@ public:
     // The raster images that image layers draw, by number (not owned); without
     // them image layers draw nothing.
     void setRasters(const RasterImages* rasters) { rasters_ = rasters; }
+    // How labels are put on the map: 0 each on its element's first drawn
+    // place, overlaps and all; 1 (the default) placed so that none overlaps
+    // another and each lies inside the view, over a halo in the background
+    // colour.
+    void setLabelPlacement(std::int16_t mode) { labelPlacement_ = mode; }
+    std::int16_t labelPlacement() const { return labelPlacement_; }
 
     // With onlyLayer, that layer is drawn anew and the others as they were
     // drawn last (their drawn elements are not looked up again).
@@ -58,10 +65,13 @@ private:
     void drawLayers(QtMapCanvas& canvas, const Viewport& view, MapDocument& document,
                     std::optional<std::int32_t> onlyLayer) const;
 
+    void drawLabels(QtMapCanvas& canvas, const BoundingBox& box, MapDocument& document) const;
+
     QPalette palette_;
     QFont font_;
     int dotsPerInch_;
     const RasterImages* rasters_ = nullptr;
+    std::int16_t labelPlacement_ = 1;
 };
 
 } // namespace orbelan

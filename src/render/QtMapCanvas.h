@@ -3,6 +3,7 @@
 #include "render/LabelFonts.h"
 #include "model/MapCanvas.h"
 #include "render/PixelLines.h"
+#include "render/PlacedLabel.h"
 #include "render/RasterImages.h"
 #include "render/TurnedLabels.h"
 #include "view/Viewport.h"
@@ -72,6 +73,13 @@ public:
     // control's logical dots per inch, which set the label font's size in
     // pixels. By default the application font at 96 dots per inch.
     void setTextMetrics(const QFont& surfaceFont, int logicalDpiY);
+
+    // The label fonts, which placement measures labels in.
+    LabelFonts& labelFonts() { return labelFonts_; }
+    // A placed label in its font and colour over a one-pixel halo.
+    void drawPlacedLabel(const PlacedLabel& label, const QColor& halo);
+    // The surface's size in pixels.
+    QRectF surface() const { return picture_; }
 
     // Clears the whole surface with the colour.
     void fill(const QColor& colour);
