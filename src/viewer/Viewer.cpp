@@ -128,6 +128,20 @@ void Viewer::setBorderStyle(std::int16_t borderStyle)
     });
 }
 
+std::int16_t Viewer::LabelPlacement() const { return d_->renderer().labelPlacement(); }
+
+void Viewer::setLabelPlacement(std::int16_t mode)
+{
+    guarded(*this, kLabelPlacementKey, [&] {
+        if (mode != 0 && mode != 1) {
+            throw std::invalid_argument(std::to_string(mode) + " is no label placement (0 or 1)");
+        }
+        d_->renderer().setLabelPlacement(mode);
+        d_->redrawMap();
+        emit propertyChanged(kLabelPlacementKey);
+    });
+}
+
 QString Viewer::URL() const
 {
     return d_->session().connection().socket().RemoteHost();
@@ -240,6 +254,7 @@ void Viewer::ReadProperties(const PropertyBag& bag)
     d_->document().MapCode = readNumber<std::int32_t>(bag, kMapCodeKey, 1);
     d_->document().IDUser = readNumber<std::int32_t>(bag, kIdUserKey, 0);
     d_->setImagePath(bag.ReadProperty(kImagePathKey, QString()).toString());
+    d_->renderer().setLabelPlacement(readNumber<std::int16_t>(bag, kLabelPlacementKey, 1) == 0 ? 0 : 1);
     connection.resetPendingRequests();
     d_->applyColors();
 }
@@ -258,6 +273,7 @@ void Viewer::WriteProperties(PropertyBag& bag) const
     bag.WriteProperty(kMapCodeKey, number(MapCode()), number(1));
     bag.WriteProperty(kIdUserKey, number(IDUser()), number(0));
     bag.WriteProperty(kImagePathKey, ImagePath(), QString());
+    bag.WriteProperty(kLabelPlacementKey, number(LabelPlacement()), number(1));
 }
 
 void Viewer::About()

@@ -54,6 +54,7 @@ class Viewer : public QWidget {
     Q_PROPERTY(float origenY READ origenY WRITE setOrigenY)
     Q_PROPERTY(int Tool READ currentTool NOTIFY toolChanged)
     Q_PROPERTY(QString ImagePath READ ImagePath WRITE setImagePath)
+    Q_PROPERTY(short LabelPlacement READ LabelPlacement WRITE setLabelPlacement)
 
 public:
     // Keys of the persisted properties in the host's property bag.
@@ -69,6 +70,7 @@ public:
     static constexpr const char* kMapCodeKey = "MapCode";
     static constexpr const char* kIdUserKey = "IDUser";
     static constexpr const char* kImagePathKey = "ImagePath";
+    static constexpr const char* kLabelPlacementKey = "LabelPlacement";
 
     explicit Viewer(QWidget* parent = nullptr);
     ~Viewer() override;
@@ -231,6 +233,13 @@ public:
     // same folder again does nothing.
     QString ImagePath() const;
     void setImagePath(const QString& path);
+    // How labels are put on the map (persisted): 0 each on the first place
+    // its element is drawn, overlaps and all; 1, the default, placed so that
+    // none overlaps another and all lie inside the view, over a halo in the
+    // background colour. Any other value is refused and changes nothing; a
+    // change draws the map again.
+    std::int16_t LabelPlacement() const;
+    void setLabelPlacement(std::int16_t mode);
     // Opens ImagePath/FileName as a new raster image and returns its number,
     // or -1 when there is no such file (or it is no raster that can be placed).
     Q_INVOKABLE int LoadRasterFile(const QString& FileName);

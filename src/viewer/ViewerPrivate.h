@@ -167,6 +167,7 @@ public:
     void exportImage(const QString& fileName, int width, int height, int dpi);
 
     MapDocument& document() { return document_; }
+    MapRenderer& renderer() { return renderer_; }
     MapSession& session() { return session_; }
     const MapSession& session() const { return session_; }
     ToolController& tools() { return tools_; }
