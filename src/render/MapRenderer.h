@@ -55,6 +55,10 @@ public:
     // every layer drawn anew.
     void render(QPaintDevice& device, QSize size, const Viewport& view, MapDocument& document) const;
 
+    // The label pass alone: the labels of every layer on the canvas, placed
+    // as labelPlacement says.
+    void drawLabels(QtMapCanvas& canvas, const BoundingBox& box, MapDocument& document) const;
+
     // Draws the elements of the layer highlighted over the picture.
     void highlight(QImage& picture, const Viewport& view, layer& target,
                    std::span<const std::int32_t> ids) const;
@@ -64,8 +68,6 @@ public:
 private:
     void drawLayers(QtMapCanvas& canvas, const Viewport& view, MapDocument& document,
                     std::optional<std::int32_t> onlyLayer) const;
-
-    void drawLabels(QtMapCanvas& canvas, const BoundingBox& box, MapDocument& document) const;
 
     QPalette palette_;
     QFont font_;

@@ -254,6 +254,8 @@ TEST_F(DemoServer, TheShadedReliefDrawsFromTheFolderTheDemoWroteItTo)
 
 TEST_F(DemoServer, AtStreetLevelEachStreetNameIsWrittenOnceBesideItsFirstBlockNotBefore)
 {
+    // Where the first-drawn placement writes each name.
+    viewer.setLabelPlacement(0);
     ASSERT_TRUE(showLoaded());
     layer& places = *viewer.Layers().Find(103);
     layer& streets = *viewer.Layers().Find(101);

@@ -170,6 +170,8 @@ TEST_F(ViewerTest, PropertiesSurviveASettingsFile)
         viewer.setPort(1001);
         viewer.setMapCode(42);
         viewer.setIDUser(-7);
+        viewer.setLabelPlacement(2);
+        viewer.setLabelPlacement(0);
         viewer.WriteProperties(bag);
     }
     QSettings settings(file, QSettings::IniFormat);
@@ -180,6 +182,9 @@ TEST_F(ViewerTest, PropertiesSurviveASettingsFile)
               std::tuple(0x80000005u, 0x00FF8000u, false, 1));
     EXPECT_EQ(std::tuple(copy.URL(), copy.port(), copy.MapCode(), copy.IDUser()),
               std::tuple("maps.example.org", 1001, 42, -7));
+    // 2 is no placement and was refused.
+    EXPECT_EQ(std::tuple(viewer.LabelPlacement(), copy.LabelPlacement(), Viewer().LabelPlacement()),
+              std::tuple(0, 0, 1));
 }
 
 TEST_F(ViewerTest, EveryWriteIsAnnouncedButLoadingIsNot)
