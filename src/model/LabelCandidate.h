@@ -10,7 +10,8 @@
 namespace orbelan {
 
 // A label that may be placed: its text and style, and where its element
-// lies on the screen. A line gives all its vertices, a point or a polygon
+// lies on the screen. A line gives all its vertices (several lines, each
+// after a point that is not a number), a point or a polygon
 // the one pixel its label goes beside or on. Size orders candidates of one
 // layer: a line's length or a polygon's area on the screen, larger first.
 struct LabelCandidate {

@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <unordered_map>
 #include <stdexcept>
 #include <unordered_set>
 #include <utility>
@@ -614,7 +615,7 @@ void layer::RedrawWOCalc(const BoundingBox& BBox, MapCanvas& Wnd)
     }
 }
 
-std::vector<const Entidad*> layer::labelledEntities(const BoundingBox& BBox)
+std::vector<const Entidad*> layer::labelledEntities(const BoundingBox& BBox, bool oncePerText)
 {
     std::vector<const Entidad*> labelled;
     if (!Loaded || !Visible) {
@@ -631,7 +632,7 @@ std::vector<const Entidad*> layer::labelledEntities(const BoundingBox& BBox)
         if (entity == nullptr || !isShown(*entity) || entity->IDLabel < 0 || entity->IDLabel > labels_.count()) {
             continue;
         }
-        if (!lblAllowDuplicates) {
+        if (oncePerText) {
             if (used[entity->IDLabel]) {
                 continue;
             }
@@ -644,7 +645,7 @@ std::vector<const Entidad*> layer::labelledEntities(const BoundingBox& BBox)
 
 void layer::DrawLabels(const BoundingBox& BBox, MapCanvas& Wnd)
 {
-    for (const Entidad* entity : labelledEntities(BBox)) {
+    for (const Entidad* entity : labelledEntities(BBox, !lblAllowDuplicates)) {
         entity->DrawEntityLabel(Wnd);
     }
 }
@@ -652,11 +653,28 @@ void layer::DrawLabels(const BoundingBox& BBox, MapCanvas& Wnd)
 void layer::CollectLabels(const BoundingBox& BBox, const MapCanvas& Wnd, std::size_t layerOrder,
                           std::vector<LabelCandidate>& candidates)
 {
-    for (const Entidad* entity : labelledEntities(BBox)) {
-        if (std::optional<LabelCandidate> candidate = entity->labelCandidate(Wnd)) {
-            candidate->layerOrder = layerOrder;
-            candidates.push_back(std::move(*candidate));
+    // A name shared by a street's blocks is one candidate of all of them, so
+    // that it can go on whichever block suits it best.
+    const bool joinLines = !lblAllowDuplicates && Tipo != pointlayer && Tipo != polygonlayer;
+    std::unordered_map<std::int32_t, std::size_t> byText;
+    for (const Entidad* entity : labelledEntities(BBox, !lblAllowDuplicates && !joinLines)) {
+        std::optional<LabelCandidate> candidate = entity->labelCandidate(Wnd);
+        if (!candidate) {
+            continue;
         }
+        candidate->layerOrder = layerOrder;
+        if (joinLines) {
+            const auto [at, first] = byText.try_emplace(entity->IDLabel, candidates.size());
+            if (!first) {
+                LabelCandidate& joined = candidates[at->second];
+                constexpr float gap = std::numeric_limits<float>::quiet_NaN();
+                joined.points.push_back({gap, gap});
+                joined.points.insert(joined.points.end(), candidate->points.begin(), candidate->points.end());
+                joined.size += candidate->size;
+                continue;
+            }
+        }
+        candidates.push_back(std::move(*candidate));
     }
 }
 
