@@ -436,4 +436,43 @@ void Entidad::DrawEntityLabel(MapCanvas& Wnd) const
                         owner.lblColor, anchor->align);
 }
 
+namespace {
+
+// The length of the line through the points, or the area of the ring they
+// close, both in pixels; points that did not convert count for nothing.
+double screenSize(std::span<const ScreenPoint> points, bool ring)
+{
+    double size = 0;
+    for (std::size_t i = 1; i < points.size(); ++i) {
+        const ScreenPoint& a = points[i - 1];
+        const ScreenPoint& b = points[i];
+        const double part = ring ? (double(a.X) * b.Y - double(b.X) * a.Y) : std::hypot(b.X - a.X, b.Y - a.Y);
+        if (std::isfinite(part)) {
+            size += part;
+        }
+    }
+    return std::fabs(ring ? size / 2 : size);
+}
+
+} // namespace
+
+std::optional<LabelCandidate> Entidad::labelCandidate(const MapCanvas& Wnd) const
+{
+    const Dictionary* label = IDLabel == 0 ? nullptr : parentLayer->Labels().Find(IDLabel);
+    if (label == nullptr || label->word.empty() || points_.empty()) {
+        return std::nullopt;
+    }
+    const TipoLayer tipo = kind();
+    LabelCandidate candidate{label->word, parentLayer->lblBold, parentLayer->lblColor, tipo, {}, 0, 0};
+    candidate.points.resize(points_.size());
+    Wnd.ToScreen(points_, candidate.points);
+    candidate.size = screenSize(candidate.points, tipo == polygonlayer);
+    if (tipo == pointlayer || tipo == polygonlayer) {
+        const Vertex centre = Centroide();
+        candidate.points.resize(1);
+        Wnd.ToScreen({&centre, 1}, candidate.points);
+    }
+    return candidate;
+}
+
 } // namespace orbelan

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/BoundingBox.h"
+#include "model/LabelCandidate.h"
 #include "model/ScreenPoint.h"
 #include "model/SegmentMatch.h"
 #include "model/TipoLayer.h"
@@ -109,6 +110,9 @@ public:
     // the middle of its first segment and runs along it (upwards when the
     // segment is vertical or the line has one vertex).
     void DrawEntityLabel(MapCanvas& Wnd) const;
+    // The entity's label as a candidate for placement, its geometry on the
+    // surface; none when the label has no text or no vertex converts.
+    std::optional<LabelCandidate> labelCandidate(const MapCanvas& Wnd) const;
     // The positions of the last full drawing; empty when there is none.
     std::span<const ScreenPoint> ScreenPoints() const;
 

@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <unordered_map>
 #include <stdexcept>
 #include <unordered_set>
 #include <utility>
@@ -614,14 +615,15 @@ void layer::RedrawWOCalc(const BoundingBox& BBox, MapCanvas& Wnd)
     }
 }
 
-void layer::DrawLabels(const BoundingBox& BBox, MapCanvas& Wnd)
+std::vector<const Entidad*> layer::labelledEntities(const BoundingBox& BBox, bool oncePerText)
 {
+    std::vector<const Entidad*> labelled;
     if (!Loaded || !Visible) {
-        return;
+        return labelled;
     }
     lblVisible = CalculateLabelVisibility();
     if (!lblVisible || !BBox.InterseccionCon(bb) || labels_.count() == 0) {
-        return;
+        return labelled;
     }
     // Indexed by label position; an entity whose IDLabel has no text has
     // no label to draw either.
@@ -630,13 +632,49 @@ void layer::DrawLabels(const BoundingBox& BBox, MapCanvas& Wnd)
         if (entity == nullptr || !isShown(*entity) || entity->IDLabel < 0 || entity->IDLabel > labels_.count()) {
             continue;
         }
-        if (!lblAllowDuplicates) {
+        if (oncePerText) {
             if (used[entity->IDLabel]) {
                 continue;
             }
             used[entity->IDLabel] = true;
         }
+        labelled.push_back(entity);
+    }
+    return labelled;
+}
+
+void layer::DrawLabels(const BoundingBox& BBox, MapCanvas& Wnd)
+{
+    for (const Entidad* entity : labelledEntities(BBox, !lblAllowDuplicates)) {
         entity->DrawEntityLabel(Wnd);
+    }
+}
+
+void layer::CollectLabels(const BoundingBox& BBox, const MapCanvas& Wnd, std::size_t layerOrder,
+                          std::vector<LabelCandidate>& candidates)
+{
+    // A name shared by a street's blocks is one candidate of all of them, so
+    // that it can go on whichever block suits it best.
+    const bool joinLines = !lblAllowDuplicates && Tipo != pointlayer && Tipo != polygonlayer;
+    std::unordered_map<std::int32_t, std::size_t> byText;
+    for (const Entidad* entity : labelledEntities(BBox, !lblAllowDuplicates && !joinLines)) {
+        std::optional<LabelCandidate> candidate = entity->labelCandidate(Wnd);
+        if (!candidate) {
+            continue;
+        }
+        candidate->layerOrder = layerOrder;
+        if (joinLines) {
+            const auto [at, first] = byText.try_emplace(entity->IDLabel, candidates.size());
+            if (!first) {
+                LabelCandidate& joined = candidates[at->second];
+                constexpr float gap = std::numeric_limits<float>::quiet_NaN();
+                joined.points.push_back({gap, gap});
+                joined.points.insert(joined.points.end(), candidate->points.begin(), candidate->points.end());
+                joined.size += candidate->size;
+                continue;
+            }
+        }
+        candidates.push_back(std::move(*candidate));
     }
 }
 

@@ -6,6 +6,7 @@
 #include "model/CellList.h"
 #include "model/Entidades.h"
 #include "model/GridCell.h"
+#include "model/LabelCandidate.h"
 #include "model/Labels.h"
 #include "model/ParentMap.h"
 #include "model/SegmentMatch.h"
@@ -209,6 +210,12 @@ public:
     // lblAllowDuplicates, a text is drawn once: for the first entity in
     // DrawnIDs that carries it.
     void DrawLabels(const BoundingBox& BBox, MapCanvas& Wnd);
+    // The same labels as candidates for placement, each marked with the
+    // layer's position among the map's layers. Unless lblAllowDuplicates,
+    // the drawn lines that share a text make one candidate, their vertices
+    // parted by a point that is not a number.
+    void CollectLabels(const BoundingBox& BBox, const MapCanvas& Wnd, std::size_t layerOrder,
+                       std::vector<LabelCandidate>& candidates);
     // Draws the entity highlighted: red, twice its class's width (1 when the
     // default class has width 0), and a polygon filled solid in the colour
     // of a new class.
@@ -233,6 +240,9 @@ private:
     bool isShown(const Entidad& entity) const;
     double pickDistance(const Entidad* entity, double X, double Y, double tolerance) const;
     std::span<Entidad* const> drawnEntities();
+    // The drawn, shown entities whose label shows, the first of each text
+    // only when oncePerText.
+    std::vector<const Entidad*> labelledEntities(const BoundingBox& BBox, bool oncePerText);
     const Entidad* nearestDrawn(double X, double Y, double tolerance);
     const Entidad* firstDrawnPolygonAt(double X, double Y);
     void appendPointsNear(double X, double Y, std::vector<std::int32_t>& ids, double tolerance);

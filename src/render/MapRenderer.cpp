@@ -1,6 +1,7 @@
 #include "render/MapRenderer.h"
 
 #include "model/MapDocument.h"
+#include "render/LabelPlacer.h"
 #include "render/OleColor.h"
 #include "render/QtMapCanvas.h"
 #include "render/ScaleBar.h"
@@ -64,11 +65,29 @@ void MapRenderer::drawLayers(QtMapCanvas& canvas, const Viewport& view, MapDocum
             mapLayer.RedrawWOCalc(box, canvas);
         }
     }
-    for (layer& mapLayer : document.Layers()) {
-        mapLayer.DrawLabels(box, canvas);
-    }
+    drawLabels(canvas, box, document);
     for (layer& mapLayer : document.Layers()) {
         mapLayer.DrawDirections(box, canvas);
+    }
+}
+
+void MapRenderer::drawLabels(QtMapCanvas& canvas, const BoundingBox& box, MapDocument& document) const
+{
+    if (labelPlacement_ == 0) {
+        for (layer& mapLayer : document.Layers()) {
+            mapLayer.DrawLabels(box, canvas);
+        }
+        return;
+    }
+    std::vector<LabelCandidate> candidates;
+    std::size_t order = 0;
+    for (layer& mapLayer : document.Layers()) {
+        mapLayer.CollectLabels(box, canvas, order++, candidates);
+    }
+    LabelPlacer placer(canvas.surface(), canvas.labelFonts());
+    const QColor halo = olecolor::toQColor(document.BackgroundColor, palette_);
+    for (const PlacedLabel& label : placer.place(std::move(candidates))) {
+        canvas.drawPlacedLabel(label, halo);
     }
 }
 

@@ -13,6 +13,7 @@ class QSize;
 
 namespace orbelan {
 
+class BoundingBox;
 class MapDocument;
 class QtMapCanvas;
 class RasterImages;
@@ -44,6 +45,12 @@ public:
     // Geometry drawn smoothly (see QtMapCanvas::setAntialiasing); off by default.
     void setAntialiasing(bool on) { antialiasing_ = on; }
     bool antialiasing() const { return antialiasing_; }
+    // How labels are put on the map: 0 each on its element's first drawn
+    // place, overlaps and all; 1 (the default) placed so that none overlaps
+    // another and each lies inside the view, over a halo in the background
+    // colour.
+    void setLabelPlacement(std::int16_t mode) { labelPlacement_ = mode; }
+    std::int16_t labelPlacement() const { return labelPlacement_; }
 
     // With onlyLayer, that layer is drawn anew and the others as they were
     // drawn last (their drawn elements are not looked up again).
@@ -53,6 +60,10 @@ public:
     // The same on any paint device (a PDF page) of the given size in pixels,
     // every layer drawn anew.
     void render(QPaintDevice& device, QSize size, const Viewport& view, MapDocument& document) const;
+
+    // The label pass alone: the labels of every layer on the canvas, placed
+    // as labelPlacement says.
+    void drawLabels(QtMapCanvas& canvas, const BoundingBox& box, MapDocument& document) const;
 
     // Draws the elements of the layer highlighted over the picture.
     void highlight(QImage& picture, const Viewport& view, layer& target,
@@ -72,6 +83,7 @@ private:
 
     bool scaleBar_ = false;
     bool antialiasing_ = false;
+    std::int16_t labelPlacement_ = 1;
 };
 
 } // namespace orbelan

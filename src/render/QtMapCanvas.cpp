@@ -594,6 +594,14 @@ void QtMapCanvas::DrawRotatedText(double X, double Y, double angle, const std::s
     turnedLabels_.draw(painter_, start, turn, glyphs, {advance, face.height}, this->color(color));
 }
 
+void QtMapCanvas::drawPlacedLabel(const PlacedLabel& label, const QColor& halo)
+{
+    qreal advance = 0;
+    const QGlyphRun glyphs = labelFonts_.face(label.bold).layout(label.text, advance);
+    flushLines();
+    turnedLabels_.draw(painter_, label.start, label.turn, glyphs, label.size, color(label.color), halo);
+}
+
 void QtMapCanvas::DrawImage(std::int32_t ImageNumber)
 {
     const RasterSource* source = rasters_ ? rasters_->find(ImageNumber) : nullptr;

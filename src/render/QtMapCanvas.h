@@ -3,6 +3,7 @@
 #include "render/LabelFonts.h"
 #include "model/MapCanvas.h"
 #include "render/PixelLines.h"
+#include "render/PlacedLabel.h"
 #include "render/RasterImages.h"
 #include "render/TurnedLabels.h"
 #include "view/Viewport.h"
@@ -81,6 +82,12 @@ public:
     // fill keeps its exact colour wherever it covers a pixel whole. Off by
     // default: whole pixels, as described above.
     void setAntialiasing(bool on);
+    // The label fonts, which placement measures labels in.
+    LabelFonts& labelFonts() { return labelFonts_; }
+    // A placed label in its font and colour over a one-pixel halo.
+    void drawPlacedLabel(const PlacedLabel& label, const QColor& halo);
+    // The surface's size in pixels.
+    QRectF surface() const { return picture_; }
 
     // Clears the whole surface with the colour.
     void fill(const QColor& colour);

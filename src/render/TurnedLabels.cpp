@@ -141,16 +141,41 @@ void TurnedLabels::takeMask()
     }
 }
 
+// Each coverage becomes the largest of its own and its eight neighbours':
+// the text grown by a pixel all round, which the mask's border holds.
+void TurnedLabels::widenMask()
+{
+    const std::vector<std::uint8_t> text = mask_;
+    const std::size_t rows = mask_.size() / maskStride_;
+    for (std::size_t row = 0; row < rows; ++row) {
+        for (std::size_t column = 0; column < maskStride_; ++column) {
+            std::uint8_t widest = 0;
+            for (std::size_t y = row > 0 ? row - 1 : 0; y <= std::min(row + 1, rows - 1); ++y) {
+                for (std::size_t x = column > 0 ? column - 1 : 0; x <= std::min(column + 1, maskStride_ - 1); ++x) {
+                    widest = std::max(widest, text[y * maskStride_ + x]);
+                }
+            }
+            mask_[row * maskStride_ + column] = widest;
+        }
+    }
+}
+
 void TurnedLabels::draw(QPainter& painter, QPointF start, double turn, const QGlyphRun& glyphs, QSizeF size,
-                        const QColor& color)
+                        const QColor& color, std::optional<QColor> halo)
 {
     if (glyphsOnly_) {
-        drawGlyphs(painter, start, turn, glyphs, color);
+        drawGlyphs(painter, start, turn, glyphs, color, halo);
         return;
     }
     writeLevel(glyphs, size, color);
     if (bits_ != nullptr && color.alpha() == 255) {
         takeMask();
+        if (halo) {
+            std::vector<std::uint8_t> text = mask_;
+            widenMask();
+            setTurned(Turn(start, turn), halo->rgba());
+            mask_ = std::move(text);
+        }
         setTurned(Turn(start, turn), color.rgba());
         return;
     }
@@ -163,10 +188,16 @@ void TurnedLabels::draw(QPainter& painter, QPointF start, double turn, const QGl
 
 // A device with no picture of its own (a PDF page) keeps the text as text.
 void TurnedLabels::drawGlyphs(QPainter& painter, QPointF start, double turn, const QGlyphRun& glyphs,
-                              const QColor& color)
+                              const QColor& color, std::optional<QColor> halo)
 {
     painter.save();
     painter.setTransform(QTransform::fromTranslate(start.x(), start.y()).rotate(-turn));
+    if (halo) {
+        painter.setPen(*halo);
+        for (const QPointF step : {QPointF(-1, 0), QPointF(1, 0), QPointF(0, -1), QPointF(0, 1)}) {
+            painter.drawGlyphRun(step, glyphs);
+        }
+    }
     painter.setPen(color);
     painter.drawGlyphRun(QPointF(0, 0), glyphs);
     painter.restore();

@@ -8,6 +8,7 @@
 #include <QSizeF>
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace orbelan {
@@ -28,17 +29,21 @@ public:
     TurnedLabels& operator=(const TurnedLabels&) = delete;
 
     // The text in font and color with its cell's top-left corner at start,
-    // turned turn degrees counter-clockwise about it.
+    // turned turn degrees counter-clockwise about it. With a halo colour the
+    // text is first ringed one pixel wide in it (on a picture whose pixels
+    // are set directly, and on a device without a picture).
     void draw(QPainter& painter, QPointF start, double turn, const QGlyphRun& glyphs, QSizeF size,
-              const QColor& color);
+              const QColor& color, std::optional<QColor> halo = std::nullopt);
 
 private:
     struct Turn;
 
-    void drawGlyphs(QPainter& painter, QPointF start, double turn, const QGlyphRun& glyphs, const QColor& color);
+    void drawGlyphs(QPainter& painter, QPointF start, double turn, const QGlyphRun& glyphs, const QColor& color,
+                    std::optional<QColor> halo);
     void writeLevel(const QGlyphRun& glyphs, QSizeF size, const QColor& color);
     void setTurned(const Turn& turn, QRgb color);
     void takeMask();
+    void widenMask();
     void blendRow(const Turn& turn, int y, QRgb color);
     int coverage(std::int32_t u, std::int32_t v) const;
     void reserve(int width, int height);

@@ -128,6 +128,20 @@ void Viewer::setBorderStyle(std::int16_t borderStyle)
     });
 }
 
+std::int16_t Viewer::LabelPlacement() const { return d_->renderer().labelPlacement(); }
+
+void Viewer::setLabelPlacement(std::int16_t mode)
+{
+    guarded(*this, kLabelPlacementKey, [&] {
+        if (mode != 0 && mode != 1) {
+            throw std::invalid_argument(std::to_string(mode) + " is no label placement (0 or 1)");
+        }
+        d_->renderer().setLabelPlacement(mode);
+        d_->redrawMap();
+        emit propertyChanged(kLabelPlacementKey);
+    });
+}
+
 QString Viewer::URL() const
 {
     return d_->session().connection().socket().RemoteHost();
@@ -242,6 +256,7 @@ void Viewer::ReadProperties(const PropertyBag& bag)
     d_->setImagePath(bag.ReadProperty(kImagePathKey, QString()).toString());
     d_->setScaleBar(bag.ReadProperty(kScaleBarKey, true).toBool());
     d_->renderer().setAntialiasing(bag.ReadProperty(kAntialiasingKey, true).toBool());
+    d_->renderer().setLabelPlacement(readNumber<std::int16_t>(bag, kLabelPlacementKey, 1) == 0 ? 0 : 1);
     connection.resetPendingRequests();
     d_->applyColors();
 }
@@ -262,6 +277,7 @@ void Viewer::WriteProperties(PropertyBag& bag) const
     bag.WriteProperty(kImagePathKey, ImagePath(), QString());
     bag.WriteProperty(kScaleBarKey, ScaleBar(), true);
     bag.WriteProperty(kAntialiasingKey, Antialiasing(), true);
+    bag.WriteProperty(kLabelPlacementKey, number(LabelPlacement()), number(1));
 }
 
 void Viewer::About()

@@ -56,6 +56,7 @@ class Viewer : public QWidget {
     Q_PROPERTY(QString ImagePath READ ImagePath WRITE setImagePath)
     Q_PROPERTY(bool ScaleBar READ ScaleBar WRITE setScaleBar)
     Q_PROPERTY(bool Antialiasing READ Antialiasing WRITE setAntialiasing)
+    Q_PROPERTY(short LabelPlacement READ LabelPlacement WRITE setLabelPlacement)
 
 public:
     // Keys of the persisted properties in the host's property bag.
@@ -73,6 +74,7 @@ public:
     static constexpr const char* kImagePathKey = "ImagePath";
     static constexpr const char* kScaleBarKey = "ScaleBar";
     static constexpr const char* kAntialiasingKey = "Antialiasing";
+    static constexpr const char* kLabelPlacementKey = "LabelPlacement";
 
     explicit Viewer(QWidget* parent = nullptr);
     ~Viewer() override;
@@ -243,6 +245,13 @@ public:
     // polygon's inside keeps its class's exact colour. A change redraws.
     bool Antialiasing() const;
     void setAntialiasing(bool on);
+    // How labels are put on the map (persisted): 0 each on the first place
+    // its element is drawn, overlaps and all; 1, the default, placed so that
+    // none overlaps another and all lie inside the view, over a halo in the
+    // background colour. Any other value is refused and changes nothing; a
+    // change draws the map again.
+    std::int16_t LabelPlacement() const;
+    void setLabelPlacement(std::int16_t mode);
     // Opens ImagePath/FileName as a new raster image and returns its number,
     // or -1 when there is no such file (or it is no raster that can be placed).
     Q_INVOKABLE int LoadRasterFile(const QString& FileName);

@@ -53,7 +53,6 @@ public:
 
     // SessionEvents and MapToolHost
     void redrawMap() override { drawMap(std::nullopt); }
-    MapRenderer& renderer() { return renderer_; }
     void zoomToExtents() override;
     void changeStatus(std::int32_t layerId, std::uint8_t step, const QString& layerName = {}) override;
     void definitionLoaded() override;
@@ -171,6 +170,7 @@ public:
     void exportImage(const QString& fileName, int width, int height, int dpi);
 
     MapDocument& document() { return document_; }
+    MapRenderer& renderer() { return renderer_; }
     MapSession& session() { return session_; }
     const MapSession& session() const { return session_; }
     ToolController& tools() { return tools_; }

@@ -255,6 +255,8 @@ TEST_F(DemoServer, TheShadedReliefDrawsFromTheFolderTheDemoWroteItTo)
 
 TEST_F(DemoServer, AtStreetLevelEachStreetNameIsWrittenOnceBesideItsFirstBlockNotBefore)
 {
+    // Where the first-drawn placement writes each name.
+    viewer.setLabelPlacement(0);
     ASSERT_TRUE(showLoaded());
     // Dark pixels near a street are its name: no scale bar text among them.
     viewer.setScaleBar(false);

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <vector>
 #include <tuple>
 
@@ -269,4 +270,26 @@ TEST_F(layerLabelPass, NoLabelsUnlessLoadedVisibleAndShownAtThisScale)
     map.setUserLabelVisibility(2);
     map.setUserVisibility(0);
     EXPECT_TRUE(labelPass().empty());
+}
+
+TEST_F(layerLabelPass, ForPlacementTheLinesSharingATextMakeOneCandidateUnlessDuplicatesAreAllowed)
+{
+    redraw();
+    std::vector<orbelan::LabelCandidate> candidates;
+    map.CollectLabels(view, canvas, 2, candidates);
+    ASSERT_EQ(candidates.size(), 2u);
+    const orbelan::LabelCandidate& alameda = candidates[0];
+    EXPECT_EQ(std::tuple(alameda.text, alameda.bold, alameda.color, alameda.layerOrder, alameda.size),
+              std::tuple("Alameda", true, 0x123456, 2u, 2.0));
+    // Both blocks on the screen, parted by a point that is not a number.
+    ASSERT_EQ(alameda.points.size(), 5u);
+    EXPECT_EQ(std::tuple(alameda.points[0].X, alameda.points[1].Y, alameda.points[3].X, alameda.points[4].Y),
+              std::tuple(1.0f, -1.0f, 3.0f, -1.0f));
+    EXPECT_TRUE(std::isnan(alameda.points[2].X));
+    EXPECT_EQ(candidates[1].text, "Bandera");
+
+    map.lblAllowDuplicates = true;
+    candidates.clear();
+    map.CollectLabels(view, canvas, 0, candidates);
+    EXPECT_EQ(candidates.size(), 3u);
 }

@@ -172,6 +172,8 @@ TEST_F(ViewerTest, PropertiesSurviveASettingsFile)
         viewer.setMapCode(42);
         viewer.setIDUser(-7);
         viewer.setAntialiasing(false);
+        viewer.setLabelPlacement(2);
+        viewer.setLabelPlacement(0);
         viewer.WriteProperties(bag);
     }
     QSettings settings(file, QSettings::IniFormat);
@@ -183,6 +185,9 @@ TEST_F(ViewerTest, PropertiesSurviveASettingsFile)
     EXPECT_EQ(std::tuple(copy.URL(), copy.port(), copy.MapCode(), copy.IDUser()),
               std::tuple("maps.example.org", 1001, 42, -7));
     EXPECT_FALSE(copy.Antialiasing());
+    // 2 is no placement and was refused.
+    EXPECT_EQ(std::tuple(viewer.LabelPlacement(), copy.LabelPlacement(), Viewer().LabelPlacement()),
+              std::tuple(0, 0, 1));
 }
 
 TEST_F(ViewerTest, EveryWriteIsAnnouncedButLoadingIsNot)
