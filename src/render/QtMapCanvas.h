@@ -56,7 +56,11 @@ public:
     QtMapCanvas& operator=(const QtMapCanvas&) = delete;
 
     const BoundingBox& ViewBox() const override { return view_.viewBox(); }
-    void ToScreen(std::span<const Vertex> vertices, std::span<ScreenPoint> screen) const override;
+    // The screen position of every vertex (longitude, latitude), one per
+    // vertex, in order; not a number where the projection has none.
+    void ToScreen(std::span<const Vertex> vertices, std::span<ScreenPoint> screen) const;
+    void PlaneToScreen(std::span<const Vertex> plane, std::span<ScreenPoint> screen) const override;
+    std::uint64_t ProjectionStamp() const override;
     bool ToPlane(const Vertex& geographic, Vertex& plane) const override;
     bool FromPlane(const Vertex& plane, Vertex& geographic) const override;
     void DrawPoints(std::span<const ScreenPoint> points, const Theme& theme) override;

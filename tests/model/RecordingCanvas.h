@@ -37,12 +37,13 @@ public:
     std::vector<std::int32_t> images;
 
     const orbelan::BoundingBox& ViewBox() const override { return view; }
-    void ToScreen(std::span<const orbelan::Vertex> vertices, std::span<orbelan::ScreenPoint> screen) const override
+    void PlaneToScreen(std::span<const orbelan::Vertex> plane, std::span<orbelan::ScreenPoint> screen) const override
     {
-        for (std::size_t k = 0; k < std::min(vertices.size(), screen.size()); ++k) {
-            screen[k] = {static_cast<float>(vertices[k].X), static_cast<float>(-vertices[k].Y)};
+        for (std::size_t k = 0; k < std::min(plane.size(), screen.size()); ++k) {
+            screen[k] = {static_cast<float>(plane[k].X / 2), static_cast<float>(-plane[k].Y)};
         }
     }
+    std::uint64_t ProjectionStamp() const override { return 1; }
     bool ToPlane(const orbelan::Vertex& geographic, orbelan::Vertex& plane) const override
     {
         plane = {2 * geographic.X, geographic.Y};
