@@ -25,6 +25,9 @@ public:
 
     // The visible box in geographic degrees.
     virtual const BoundingBox& ViewBox() const = 0;
+    // The screen position of every vertex (longitude, latitude), one per
+    // vertex, in order.
+    virtual void ToScreen(std::span<const Vertex> vertices, std::span<ScreenPoint> screen) const = 0;
     // The screen position of every point of the projected plane, one per
     // point, in order; a point that is not a number stays one.
     virtual void PlaneToScreen(std::span<const Vertex> plane, std::span<ScreenPoint> screen) const = 0;

@@ -56,9 +56,7 @@ public:
     QtMapCanvas& operator=(const QtMapCanvas&) = delete;
 
     const BoundingBox& ViewBox() const override { return view_.viewBox(); }
-    // The screen position of every vertex (longitude, latitude), one per
-    // vertex, in order; not a number where the projection has none.
-    void ToScreen(std::span<const Vertex> vertices, std::span<ScreenPoint> screen) const;
+    void ToScreen(std::span<const Vertex> vertices, std::span<ScreenPoint> screen) const override;
     void PlaneToScreen(std::span<const Vertex> plane, std::span<ScreenPoint> screen) const override;
     std::uint64_t ProjectionStamp() const override;
     bool ToPlane(const Vertex& geographic, Vertex& plane) const override;

@@ -37,6 +37,12 @@ public:
     std::vector<std::int32_t> images;
 
     const orbelan::BoundingBox& ViewBox() const override { return view; }
+    void ToScreen(std::span<const orbelan::Vertex> vertices, std::span<orbelan::ScreenPoint> screen) const override
+    {
+        for (std::size_t k = 0; k < std::min(vertices.size(), screen.size()); ++k) {
+            screen[k] = {static_cast<float>(vertices[k].X), static_cast<float>(-vertices[k].Y)};
+        }
+    }
     void PlaneToScreen(std::span<const orbelan::Vertex> plane, std::span<orbelan::ScreenPoint> screen) const override
     {
         for (std::size_t k = 0; k < std::min(plane.size(), screen.size()); ++k) {
