@@ -106,6 +106,7 @@ void Entidad::SetPoints(std::span<const Vertex> points)
     points_.assign(points.begin(), points.end());
     // Positions drawn for other vertices mean nothing now.
     screen_.reset();
+    plane_.reset();
 }
 
 void Entidad::CalculateBoundingBox()
@@ -359,9 +360,27 @@ bool Entidad::drawProjected(MapCanvas& Wnd, TipoLayer TipoEnt, const Theme& them
     if (!screen_) {
         screen_ = std::make_unique<ScreenPoint[]>(points_.size());
     }
-    Wnd.ToScreen(points_, {screen_.get(), points_.size()});
+    Wnd.PlaneToScreen(planePoints(Wnd), {screen_.get(), points_.size()});
     drawStored(Wnd, TipoEnt, theme, true);
     return true;
+}
+
+std::span<const Vertex> Entidad::planePoints(const MapCanvas& Wnd)
+{
+    const std::uint64_t stamp = Wnd.ProjectionStamp();
+    if (!plane_ || planeStamp_ != stamp) {
+        if (!plane_) {
+            plane_ = std::make_unique<Vertex[]>(points_.size());
+        }
+        constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+        for (std::size_t k = 0; k < points_.size(); ++k) {
+            if (!Wnd.ToPlane(points_[k], plane_[k])) {
+                plane_[k] = {kNone, kNone};
+            }
+        }
+        planeStamp_ = stamp;
+    }
+    return {plane_.get(), points_.size()};
 }
 
 void Entidad::drawStored(MapCanvas& Wnd, TipoLayer TipoEnt, const Theme& theme, bool setLineStyle) const

@@ -126,6 +126,7 @@ private:
     const Theme& drawingClass() const;
     bool hasScreenPoints() const;
     bool drawProjected(MapCanvas& Wnd, TipoLayer TipoEnt, const Theme& theme);
+    std::span<const Vertex> planePoints(const MapCanvas& Wnd);
     void drawStored(MapCanvas& Wnd, TipoLayer TipoEnt, const Theme& theme, bool setLineStyle) const;
 
     std::vector<Vertex> points_;
@@ -133,6 +134,11 @@ private:
     // the only way the vertices change, drops it); a bare array rather than
     // a vector keeps each entity 16 B smaller.
     std::unique_ptr<ScreenPoint[]> screen_;
+    // The vertices in the projected plane (not a number where the projection
+    // has none), kept across redraws while the projection keeps planeStamp_:
+    // a redraw then only moves them onto the screen. SetPoints drops them.
+    std::unique_ptr<Vertex[]> plane_;
+    std::uint64_t planeStamp_ = 0;
 };
 
 } // namespace orbelan

@@ -28,6 +28,12 @@ public:
     // The screen position of every vertex (longitude, latitude), one per
     // vertex, in order.
     virtual void ToScreen(std::span<const Vertex> vertices, std::span<ScreenPoint> screen) const = 0;
+    // The screen position of every point of the projected plane, one per
+    // point, in order; a point that is not a number stays one.
+    virtual void PlaneToScreen(std::span<const Vertex> plane, std::span<ScreenPoint> screen) const = 0;
+    // Names the projection ToPlane goes through: plane positions taken under
+    // one stamp stay right while the stamp stays. No two projections share one.
+    virtual std::uint64_t ProjectionStamp() const = 0;
     // A geographic point (longitude, latitude) in the map's projected plane
     // and back; false when the projection has no answer for it.
     virtual bool ToPlane(const Vertex& geographic, Vertex& plane) const = 0;

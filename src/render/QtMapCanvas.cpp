@@ -197,20 +197,27 @@ Qt::BrushStyle QtMapCanvas::brushStyle(std::int32_t FillStyle)
 
 void QtMapCanvas::ToScreen(std::span<const Vertex> vertices, std::span<ScreenPoint> screen) const
 {
+    constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
+    for (std::size_t k = 0; k < std::min(vertices.size(), screen.size()); ++k) {
+        Vertex plane{kNone, kNone};
+        ToPlane(vertices[k], plane);
+        PlaneToScreen({&plane, 1}, screen.subspan(k, 1));
+    }
+}
+
+void QtMapCanvas::PlaneToScreen(std::span<const Vertex> plane, std::span<ScreenPoint> screen) const
+{
     const MapPoint centre = view_.centre();
     const double scale = view_.scale();
     const double halfWidth = view_.pixelWidth() / 2.0;
     const double halfHeight = view_.pixelHeight() / 2.0;
-    for (std::size_t k = 0; k < std::min(vertices.size(), screen.size()); ++k) {
-        MapPoint plane;
-        if (view_.project(vertices[k].X, vertices[k].Y, plane)) {
-            screen[k] = {toSingle((plane.x - centre.x) * scale + halfWidth),
-                         toSingle((centre.y - plane.y) * scale + halfHeight)};
-        } else {
-            screen[k] = {std::numeric_limits<float>::quiet_NaN(), std::numeric_limits<float>::quiet_NaN()};
-        }
+    for (std::size_t k = 0; k < std::min(plane.size(), screen.size()); ++k) {
+        screen[k] = {toSingle((plane[k].X - centre.x) * scale + halfWidth),
+                     toSingle((centre.y - plane[k].Y) * scale + halfHeight)};
     }
 }
+
+std::uint64_t QtMapCanvas::ProjectionStamp() const { return view_.projectionStamp(); }
 
 bool QtMapCanvas::ToPlane(const Vertex& geographic, Vertex& plane) const
 {

@@ -58,6 +58,8 @@ public:
 
     const BoundingBox& ViewBox() const override { return view_.viewBox(); }
     void ToScreen(std::span<const Vertex> vertices, std::span<ScreenPoint> screen) const override;
+    void PlaneToScreen(std::span<const Vertex> plane, std::span<ScreenPoint> screen) const override;
+    std::uint64_t ProjectionStamp() const override;
     bool ToPlane(const Vertex& geographic, Vertex& plane) const override;
     bool FromPlane(const Vertex& plane, Vertex& geographic) const override;
     void DrawPoints(std::span<const ScreenPoint> points, const Theme& theme) override;

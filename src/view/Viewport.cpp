@@ -3,6 +3,7 @@
 #include "projection/ProjectionFactory.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cmath>
 #include <limits>
 
@@ -11,6 +12,12 @@ namespace orbelan {
 namespace {
 
 constexpr double kMetresPerKilometre = 1000;
+
+std::uint64_t nextProjectionStamp()
+{
+    static std::atomic<std::uint64_t> last{0};
+    return ++last;
+}
 
 } // namespace
 
@@ -61,6 +68,7 @@ bool Viewport::SetView(double x1, double y1, double x2, double y2)
     const double north = std::max(y1, y2);
 
     InitProjection(projection_, projectionCode_, west, south, east, north);
+    projectionStamp_ = nextProjectionStamp();
     if (!projection_ || !fitProjectedBox(west, south, east, north)) {
         return false;
     }

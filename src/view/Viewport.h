@@ -5,6 +5,7 @@
 #include "model/ParentMap.h"
 
 #include <array>
+#include <cstdint>
 #include <memory>
 
 namespace orbelan {
@@ -86,6 +87,9 @@ public:
     bool screenToGeographic(float px, float py, double& lon, double& lat) const;
 
     bool viewReady() const { return viewReady_; }
+    // Changes whenever the projection is set up again; no two set-ups, in
+    // any view, share one.
+    std::uint64_t projectionStamp() const { return projectionStamp_; }
     MapPoint centre() const { return centre_; }
     float scale() const { return scale_; }
     int pixelWidth() const { return width_; }
@@ -110,6 +114,7 @@ private:
 
     std::unique_ptr<CProjection> projection_;
     int projectionCode_ = 0;
+    std::uint64_t projectionStamp_ = 0;
     MapPoint centre_;
     float scale_ = 0;
     int width_ = 0;

@@ -43,6 +43,13 @@ public:
             screen[k] = {static_cast<float>(vertices[k].X), static_cast<float>(-vertices[k].Y)};
         }
     }
+    void PlaneToScreen(std::span<const orbelan::Vertex> plane, std::span<orbelan::ScreenPoint> screen) const override
+    {
+        for (std::size_t k = 0; k < std::min(plane.size(), screen.size()); ++k) {
+            screen[k] = {static_cast<float>(plane[k].X / 2), static_cast<float>(-plane[k].Y)};
+        }
+    }
+    std::uint64_t ProjectionStamp() const override { return 1; }
     bool ToPlane(const orbelan::Vertex& geographic, orbelan::Vertex& plane) const override
     {
         plane = {2 * geographic.X, geographic.Y};

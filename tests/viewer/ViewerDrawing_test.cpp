@@ -133,4 +133,19 @@ TEST_F(ViewerDrawing, DirectionMarksLieOverEveryLayersGeometry)
     EXPECT_EQ(at(192, 100), kRed);   // behind it
 }
 
+TEST_F(ViewerDrawing, AnotherProjectionRedrawsFromTheVerticesNotFromTheLastPicture)
+{
+    Entidad& park = addRectangle(addLayer(1, polygonlayer, 0x0000FF), 1, -4, -2, 4, 2);
+    viewer.Redraw();
+    viewer.setProjection(1);
+    viewer.SetView(-10, -5, 10, 5);
+    viewer.Redraw();
+    const QImage projected = viewer.grab().toImage();
+    const std::vector<Vertex> same = park.GetPoints();
+    park.SetPoints(same);
+    viewer.Redraw();
+    EXPECT_EQ(projected, viewer.grab().toImage());
+    EXPECT_EQ(projected.pixel(150, 100), kRed);
+}
+
 } // namespace
