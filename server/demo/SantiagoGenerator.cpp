@@ -177,8 +177,10 @@ void SantiagoGenerator::createMapAndLayers()
     header.background = rgb(250, 250, 245);
     header.projection = kUtm19South;
     writer_.createMap(kMapCode, header);
-    writer_.addLayer(kMapCode, parcelsLayer());
+    // The relief lies under everything: around the city it shows the land,
+    // and over the parcels it would dull their land-use colours.
     writer_.addLayer(kMapCode, reliefLayer());
+    writer_.addLayer(kMapCode, parcelsLayer());
     writer_.addLayer(kMapCode, streetsLayer());
     writer_.addLayer(kMapCode, placesLayer());
 }

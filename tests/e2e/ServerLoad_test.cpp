@@ -136,7 +136,7 @@ TEST_F(DemoServer, TheSessionSurvivesTheServerGoingAwayAndComingBack)
 {
     ASSERT_TRUE(showLoaded());
     ASSERT_TRUE(zoomToTheCentre());
-    const layer& parcels = *viewer.Layers().Item(1);
+    const layer& parcels = *viewer.Layers().Find(102);
     const int loaded = entitiesOf(viewer.Layers());
     const int layers = viewer.Layers().count();
     const quint16 servedOn = port;
@@ -179,7 +179,7 @@ TEST_F(DemoServer, ZoomedInTheParcelsShowTheirClassColours)
 {
     ASSERT_TRUE(showLoaded());
     ASSERT_TRUE(zoomToTheCentre());
-    const layer* parcels = viewer.Layers().Item(1);
+    const layer* parcels = viewer.Layers().Find(102);
     ASSERT_EQ(parcels->Nombre, "Predios");
     ASSERT_FALSE(parcels->DrawnIDs().empty());
 

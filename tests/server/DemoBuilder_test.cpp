@@ -63,9 +63,10 @@ TEST_F(DemoBuild, SantiagoHasTheStreetsParcelsAndPlacesOfACity)
     ASSERT_TRUE(map);
     EXPECT_EQ(map->projection, 81);
     ASSERT_EQ(map->layers.size(), 4u);
-    // The shaded relief lies between the parcels and the streets.
-    EXPECT_EQ(map->layers[1].type, 5);
-    EXPECT_EQ(map->layers[1].name, SantiagoRelief::kFileName);
+    // The shaded relief lies under the parcels, and the streets over both.
+    EXPECT_EQ(map->layers[0].type, 5);
+    EXPECT_EQ(map->layers[0].name, SantiagoRelief::kFileName);
+    EXPECT_EQ(map->layers[1].id, SantiagoGenerator::kParcelsLayer);
     EXPECT_EQ(map->layers[2].id, SantiagoGenerator::kStreetsLayer);
     const auto elements = [this](std::int32_t layer) {
         return countRows(database, QStringLiteral("SELECT COUNT(*) FROM elements WHERE layer_id = %1").arg(layer));
