@@ -475,7 +475,7 @@ double screenSize(std::span<const ScreenPoint> points, bool ring)
 
 } // namespace
 
-std::optional<LabelCandidate> Entidad::labelCandidate(const MapCanvas& Wnd) const
+std::optional<LabelCandidate> Entidad::labelCandidate(const MapCanvas& Wnd)
 {
     const Dictionary* label = IDLabel == 0 ? nullptr : parentLayer->Labels().Find(IDLabel);
     if (label == nullptr || label->word.empty() || points_.empty()) {
@@ -484,7 +484,7 @@ std::optional<LabelCandidate> Entidad::labelCandidate(const MapCanvas& Wnd) cons
     const TipoLayer tipo = kind();
     LabelCandidate candidate{label->word, parentLayer->lblBold, parentLayer->lblColor, tipo, {}, 0, 0};
     candidate.points.resize(points_.size());
-    Wnd.ToScreen(points_, candidate.points);
+    Wnd.PlaneToScreen(planePoints(Wnd), candidate.points);
     candidate.size = screenSize(candidate.points, tipo == polygonlayer);
     if (tipo == pointlayer || tipo == polygonlayer) {
         const Vertex centre = Centroide();

@@ -112,7 +112,7 @@ public:
     void DrawEntityLabel(MapCanvas& Wnd) const;
     // The entity's label as a candidate for placement, its geometry on the
     // surface; none when the label has no text or no vertex converts.
-    std::optional<LabelCandidate> labelCandidate(const MapCanvas& Wnd) const;
+    std::optional<LabelCandidate> labelCandidate(const MapCanvas& Wnd);
     // The positions of the last full drawing; empty when there is none.
     std::span<const ScreenPoint> ScreenPoints() const;
 

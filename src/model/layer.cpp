@@ -615,9 +615,9 @@ void layer::RedrawWOCalc(const BoundingBox& BBox, MapCanvas& Wnd)
     }
 }
 
-std::vector<const Entidad*> layer::labelledEntities(const BoundingBox& BBox, bool oncePerText)
+std::vector<Entidad*> layer::labelledEntities(const BoundingBox& BBox, bool oncePerText)
 {
-    std::vector<const Entidad*> labelled;
+    std::vector<Entidad*> labelled;
     if (!Loaded || !Visible) {
         return labelled;
     }
@@ -628,7 +628,7 @@ std::vector<const Entidad*> layer::labelledEntities(const BoundingBox& BBox, boo
     // Indexed by label position; an entity whose IDLabel has no text has
     // no label to draw either.
     std::vector<bool> used(static_cast<std::size_t>(labels_.count()) + 1, false);
-    for (const Entidad* entity : drawnEntities()) {
+    for (Entidad* entity : drawnEntities()) {
         if (entity == nullptr || !isShown(*entity) || entity->IDLabel < 0 || entity->IDLabel > labels_.count()) {
             continue;
         }
@@ -657,7 +657,7 @@ void layer::CollectLabels(const BoundingBox& BBox, const MapCanvas& Wnd, std::si
     // that it can go on whichever block suits it best.
     const bool joinLines = !lblAllowDuplicates && Tipo != pointlayer && Tipo != polygonlayer;
     std::unordered_map<std::int32_t, std::size_t> byText;
-    for (const Entidad* entity : labelledEntities(BBox, !lblAllowDuplicates && !joinLines)) {
+    for (Entidad* entity : labelledEntities(BBox, !lblAllowDuplicates && !joinLines)) {
         std::optional<LabelCandidate> candidate = entity->labelCandidate(Wnd);
         if (!candidate) {
             continue;

@@ -242,7 +242,7 @@ private:
     std::span<Entidad* const> drawnEntities();
     // The drawn, shown entities whose label shows, the first of each text
     // only when oncePerText.
-    std::vector<const Entidad*> labelledEntities(const BoundingBox& BBox, bool oncePerText);
+    std::vector<Entidad*> labelledEntities(const BoundingBox& BBox, bool oncePerText);
     const Entidad* nearestDrawn(double X, double Y, double tolerance);
     const Entidad* firstDrawnPolygonAt(double X, double Y);
     void appendPointsNear(double X, double Y, std::vector<std::int32_t>& ids, double tolerance);

@@ -6,18 +6,6 @@
 
 namespace orbelan {
 
-PixelLines::PixelLines(QImage& picture)
-{
-    const QImage::Format format = picture.format();
-    if (format == QImage::Format_RGB32 || format == QImage::Format_ARGB32 ||
-        format == QImage::Format_ARGB32_Premultiplied) {
-        bits_ = picture.bits();
-        stride_ = picture.bytesPerLine();
-        width_ = picture.width();
-        height_ = picture.height();
-    }
-}
-
 void PixelLines::dot(QPoint at)
 {
     if (contains(at)) {
@@ -61,15 +49,7 @@ void PixelLines::blend(int x, int y, int coverage)
     if (!contains({x, y})) {
         return;
     }
-    QRgb& pixel = reinterpret_cast<QRgb*>(bits_ + static_cast<std::ptrdiff_t>(y) * stride_)[x];
-    const QRgb under = pixel;
-    QRgb mixed = 0;
-    for (int shift = 0; shift < 32; shift += 8) {
-        const int top = static_cast<int>((color_ >> shift) & 0xFF);
-        const int bottom = static_cast<int>((under >> shift) & 0xFF);
-        mixed |= static_cast<QRgb>(bottom + (((top - bottom) * coverage) >> 8)) << shift;
-    }
-    pixel = mixed;
+    pixels_.blend(x, y, color_, coverage);
 }
 
 void PixelLines::smoothLine(QPoint from, QPoint to)

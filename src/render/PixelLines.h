@@ -1,5 +1,7 @@
 #pragma once
 
+#include "render/PixelBuffer.h"
+
 #include <QImage>
 #include <QPoint>
 
@@ -20,9 +22,9 @@ class PixelLines {
 public:
     // The picture's pixels, taken before a painter opens on it; a picture of
     // another format gives no pixels to draw on (usable() is false).
-    explicit PixelLines(QImage& picture);
+    explicit PixelLines(QImage& picture) : pixels_(picture) {}
 
-    bool usable() const { return bits_ != nullptr; }
+    bool usable() const { return pixels_.usable(); }
     // An opaque colour as the picture stores it.
     void setColor(QRgb color) { color_ = color; }
     void line(QPoint from, QPoint to);
@@ -30,16 +32,12 @@ public:
     void smoothLine(QPoint from, QPoint to);
 
 private:
-    bool contains(QPoint at) const { return at.x() >= 0 && at.y() >= 0 && at.x() < width_ && at.y() < height_; }
-    void set(int x, int y) { reinterpret_cast<QRgb*>(bits_ + static_cast<std::ptrdiff_t>(y) * stride_)[x] = color_; }
-
-    // Lays the colour over the pixel at that coverage, 0 to 256.
+    bool contains(QPoint at) const { return pixels_.contains(at.x(), at.y()); }
+    void set(int x, int y) { pixels_.at(x, y) = color_; }
+    // Lays the colour over the pixel, if in the picture, at that coverage, 0 to 256.
     void blend(int x, int y, int coverage);
 
-    uchar* bits_ = nullptr;
-    qsizetype stride_ = 0;
-    int width_ = 0;
-    int height_ = 0;
+    PixelBuffer pixels_;
     QRgb color_ = 0;
 };
 

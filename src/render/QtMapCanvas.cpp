@@ -119,7 +119,7 @@ std::pair<double, double> passage(const QRectF& area, double ax, double ay, doub
 // A picture of more pixels than its size (a HiDPI screen's) is drawn in
 // through the painter's scaling only: its pixels are not set directly.
 QtMapCanvas::QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& palette)
-    : thin_(settable(picture)), view_(view), palette_(palette),
+    : thin_(settable(picture)), wide_(settable(picture)), view_(view), palette_(palette),
       picture_(QPointF(0, 0), picture.deviceIndependentSize()), turnedLabels_(settable(picture))
 {
     // The pixels are taken before the painter opens: it paints on the same.
@@ -129,7 +129,7 @@ QtMapCanvas::QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& 
 
 // No pixels to set directly: lines and labels go through the painter.
 QtMapCanvas::QtMapCanvas(QPaintDevice& device, QSize size, const Viewport& view, const QPalette& palette)
-    : thin_(noPixels_), view_(view), palette_(palette), picture_(QPointF(0, 0), QSizeF(size)), turnedLabels_(noPixels_)
+    : thin_(noPixels_), wide_(noPixels_), view_(view), palette_(palette), picture_(QPointF(0, 0), QSizeF(size)), turnedLabels_(noPixels_)
 {
     painter_.begin(&device);
     setMargin(lineWidth_);
@@ -252,8 +252,17 @@ void QtMapCanvas::setPen(std::int32_t color, std::int32_t style, std::int32_t wi
         pen_ = QPen(penColor, pixels, qtStyle, Qt::RoundCap, Qt::RoundJoin);
         painter_.setPen(pen_);
         painterPenOff_ = false;
-        thinPen_ = thin_.usable() && pixels <= 1 && qtStyle == Qt::SolidLine && penColor.alpha() == 255;
-        thin_.setColor(penColor.rgba());
+        const bool ownPen = thin_.usable() && qtStyle == Qt::SolidLine && penColor.alpha() == 255;
+        if (!ownPen) {
+            writer_ = LineWriter::Painter;
+        } else if (pixels <= 1) {
+            writer_ = LineWriter::Thin;
+            thin_.setColor(penColor.rgba());
+        } else {
+            // Whole pixels stay as the painter sets them.
+            writer_ = smooth_ ? LineWriter::Wide : LineWriter::Painter;
+            wide_.setPen(penColor.rgba(), pixels);
+        }
     }
 }
 
@@ -382,12 +391,12 @@ void QtMapCanvas::lineTo(const ScreenPoint& from, const ScreenPoint& to)
 // segments all fall on one pixel shows as that pixel.
 void QtMapCanvas::endRun()
 {
-    if (thinPen_) {
+    if (writer_ != LineWriter::Painter) {
         if (pixels_.size() == 1) {
-            thin_.dot(pixels_.front());
+            ownDot(pixels_.front());
         }
         for (std::size_t k = 1; k < pixels_.size(); ++k) {
-            thinLine(pixels_[k - 1], pixels_[k]);
+            ownLine(pixels_[k - 1], pixels_[k]);
         }
         pixels_.clear();
         return;
@@ -408,6 +417,7 @@ void QtMapCanvas::endRun()
 // them first.
 void QtMapCanvas::flushLines()
 {
+    wide_.composite();
     if (lines_.empty() && dots_.empty()) {
         return;
     }
@@ -462,11 +472,11 @@ void QtMapCanvas::DrawPolygon(std::span<const ScreenPoint> points, const Theme& 
     }
 }
 
-// A thin solid outline is set by thin_ around a fill drawn without pen.
+// A solid outline of our own is set around a fill drawn without pen.
 void QtMapCanvas::fillAndOutline()
 {
     const int count = static_cast<int>(pixels_.size());
-    if (!thinPen_) {
+    if (writer_ == LineWriter::Painter) {
         restorePainterPen();
         painter_.drawPolygon(pixels_.data(), count, Qt::OddEvenFill);
         return;
@@ -479,16 +489,27 @@ void QtMapCanvas::fillAndOutline()
         painter_.drawPolygon(pixels_.data(), count, Qt::OddEvenFill);
     }
     for (std::size_t k = 0; k < pixels_.size(); ++k) {
-        thinLine(pixels_[k == 0 ? pixels_.size() - 1 : k - 1], pixels_[k]);
+        ownLine(pixels_[k == 0 ? pixels_.size() - 1 : k - 1], pixels_[k]);
     }
 }
 
-void QtMapCanvas::thinLine(QPoint from, QPoint to)
+void QtMapCanvas::ownLine(QPoint from, QPoint to)
 {
-    if (smooth_) {
+    if (writer_ == LineWriter::Wide) {
+        wide_.segment(from, to);
+    } else if (smooth_) {
         thin_.smoothLine(from, to);
     } else {
         thin_.line(from, to);
+    }
+}
+
+void QtMapCanvas::ownDot(QPoint at)
+{
+    if (writer_ == LineWriter::Wide) {
+        wide_.segment(at, at);
+    } else {
+        thin_.dot(at);
     }
 }
 

@@ -6,6 +6,7 @@
 #include "render/PlacedLabel.h"
 #include "render/RasterImages.h"
 #include "render/TurnedLabels.h"
+#include "render/WideLines.h"
 #include "view/Viewport.h"
 
 #include <QBrush>
@@ -80,7 +81,7 @@ public:
     void setTextMetrics(const QFont& surfaceFont, int logicalDpiY);
 
     // Smooth drawing: lines, polygons, points and direction marks are drawn
-    // antialiased through the painter, centred on the pixels, and a solid
+    // antialiased, centred on the pixels, and a solid
     // fill keeps its exact colour wherever it covers a pixel whole. Off by
     // default: whole pixels, as described above.
     void setAntialiasing(bool on);
@@ -110,7 +111,8 @@ private:
     void addClampedPixel(const QPointF& point);
     void lineTo(const ScreenPoint& from, const ScreenPoint& to);
     void endRun();
-    void thinLine(QPoint from, QPoint to);
+    void ownLine(QPoint from, QPoint to);
+    void ownDot(QPoint at);
     void flushLines();
     void fillAndOutline();
     void restorePainterPen();
@@ -119,6 +121,7 @@ private:
     double markLength() const;
 
     PixelLines thin_;
+    WideLines wide_;
     QPainter painter_;
     const Viewport& view_;
     QPalette palette_;
@@ -132,9 +135,11 @@ private:
     QBrush brush_;
     std::uint64_t penKey_ = ~std::uint64_t{0};
     std::uint64_t brushKey_ = ~std::uint64_t{0};
-    // The pen is one pixel, solid and opaque: lines are set by thin_.
-    bool thinPen_ = false;
-    // The painter holds no pen while it fills what thin_ outlines.
+    // Who draws the pen's lines: the painter, or for a solid opaque pen on a
+    // picture of our own pixels, thin_ (one pixel) or wide_ (wider, smooth).
+    enum class LineWriter { Painter, Thin, Wide };
+    LineWriter writer_ = LineWriter::Painter;
+    // The painter holds no pen while it fills what thin_ or wide_ outlines.
     bool painterPenOff_ = false;
     // Work space kept from one primitive to the next.
     std::vector<QPoint> pixels_;

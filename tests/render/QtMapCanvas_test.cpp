@@ -5,6 +5,7 @@
 #include "model/layer.h"
 
 #include <QImage>
+#include <QPainter>
 #include <QPalette>
 
 #include <gtest/gtest.h>
@@ -286,3 +287,54 @@ TEST_F(QtMapCanvasTest, AHiDpiPictureHasTwiceThePixelsWithWidthsInLogicalPixels)
 }
 
 } // namespace
+
+// Wide smooth lines are set by our own writer; the painter's wide pen is what
+// they should look like.
+TEST_F(QtMapCanvasTest, ASmoothWideLineLooksLikeThePaintersWithoutGapsAtItsJoins)
+{
+    const std::vector<ScreenPoint> zigzag = {{8, 90}, {30, 40}, {40, 88}, {52, 20}, {95, 30}, {60, 36}};
+    const std::vector<ScreenPoint> ring = {{15, 10}, {45, 12}, {30, 30}};
+    picture.fill(kWhite);
+    {
+        QtMapCanvas canvas(picture, view, QPalette());
+        canvas.setAntialiasing(true);
+        canvas.DrawPolygon(ring, style(0, 2, 0));
+        canvas.DrawPolyline(zigzag, style(0, 3, 0), true);
+    }
+    QImage painted(picture.size(), picture.format());
+    painted.fill(kWhite);
+    {
+        QPainter painter(&painted);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.translate(0.5, 0.5);
+        const auto polygon = [](const std::vector<ScreenPoint>& points) {
+            QPolygonF shape;
+            for (const ScreenPoint& point : points) {
+                shape << QPointF(point.X, point.Y);
+            }
+            return shape;
+        };
+        painter.setBrush(QColor(kRed));
+        painter.setPen(QPen(QColor(kBlue), 2, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolygon(polygon(ring));
+        painter.setPen(QPen(QColor(kBlue), 3, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+        painter.drawPolyline(polygon(zigzag));
+    }
+    // A pixel partly covered by two segments of an acute corner takes the
+    // larger share, where the painter takes their union: at most half apart.
+    int largest = 0;
+    int apart = 0;
+    for (int y = 0; y < 100; ++y) {
+        for (int x = 0; x < 100; ++x) {
+            int difference = 0;
+            for (const int shift : {0, 8, 16}) {
+                const auto channel = [shift](QRgb pixel) { return static_cast<int>((pixel >> shift) & 0xFF); };
+                difference = std::max(difference, std::abs(channel(at(x, y)) - channel(painted.pixel(x, y))));
+            }
+            largest = std::max(largest, difference);
+            apart += difference > 64 ? 1 : 0;
+        }
+    }
+    EXPECT_LE(largest, 128);
+    EXPECT_LE(apart, 6);
+}
