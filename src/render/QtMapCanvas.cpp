@@ -117,9 +117,10 @@ std::pair<double, double> passage(const QRectF& area, double ax, double ay, doub
 } // namespace
 
 // A picture of more pixels than its size (a HiDPI screen's) is drawn in
-// through the painter's scaling only: its pixels are not set directly.
+// through the painter's scaling, but for smooth solid lines, which are set
+// at its own pixels.
 QtMapCanvas::QtMapCanvas(QImage& picture, const Viewport& view, const QPalette& palette)
-    : thin_(settable(picture)), wide_(settable(picture)), view_(view), palette_(palette),
+    : thin_(settable(picture)), wide_(picture), ratio_(picture.devicePixelRatio()), view_(view), palette_(palette),
       picture_(QPointF(0, 0), picture.deviceIndependentSize()), turnedLabels_(settable(picture))
 {
     // The pixels are taken before the painter opens: it paints on the same.
@@ -252,16 +253,16 @@ void QtMapCanvas::setPen(std::int32_t color, std::int32_t style, std::int32_t wi
         pen_ = QPen(penColor, pixels, qtStyle, Qt::RoundCap, Qt::RoundJoin);
         painter_.setPen(pen_);
         painterPenOff_ = false;
-        const bool ownPen = thin_.usable() && qtStyle == Qt::SolidLine && penColor.alpha() == 255;
-        if (!ownPen) {
-            writer_ = LineWriter::Painter;
-        } else if (pixels <= 1) {
+        const bool ownPen = qtStyle == Qt::SolidLine && penColor.alpha() == 255;
+        if (ownPen && pixels <= 1 && thin_.usable()) {
             writer_ = LineWriter::Thin;
             thin_.setColor(penColor.rgba());
+        } else if (ownPen && smooth_ && wide_.usable()) {
+            // Whole pixels of wide lines stay as the painter sets them.
+            writer_ = LineWriter::Wide;
+            wide_.setPen(penColor.rgba(), std::max(pixels, 1) * ratio_);
         } else {
-            // Whole pixels stay as the painter sets them.
-            writer_ = smooth_ ? LineWriter::Wide : LineWriter::Painter;
-            wide_.setPen(penColor.rgba(), pixels);
+            writer_ = LineWriter::Painter;
         }
     }
 }
@@ -496,7 +497,7 @@ void QtMapCanvas::fillAndOutline()
 void QtMapCanvas::ownLine(QPoint from, QPoint to)
 {
     if (writer_ == LineWriter::Wide) {
-        wide_.segment(from, to);
+        wide_.segment(inPicture(from), inPicture(to));
     } else if (smooth_) {
         thin_.smoothLine(from, to);
     } else {
@@ -507,10 +508,17 @@ void QtMapCanvas::ownLine(QPoint from, QPoint to)
 void QtMapCanvas::ownDot(QPoint at)
 {
     if (writer_ == LineWriter::Wide) {
-        wide_.segment(at, at);
+        wide_.segment(inPicture(at), inPicture(at));
     } else {
         thin_.dot(at);
     }
+}
+
+// The centre of a surface pixel in the picture's own pixels, counted from the
+// centre of the first.
+QPointF QtMapCanvas::inPicture(QPoint at) const
+{
+    return {ratio_ * (at.x() + 0.5) - 0.5, ratio_ * (at.y() + 0.5) - 0.5};
 }
 
 void QtMapCanvas::restorePainterPen()

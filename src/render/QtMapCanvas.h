@@ -113,6 +113,7 @@ private:
     void endRun();
     void ownLine(QPoint from, QPoint to);
     void ownDot(QPoint at);
+    QPointF inPicture(QPoint at) const;
     void flushLines();
     void fillAndOutline();
     void restorePainterPen();
@@ -122,6 +123,8 @@ private:
 
     PixelLines thin_;
     WideLines wide_;
+    // The picture's pixels per surface pixel.
+    double ratio_ = 1;
     QPainter painter_;
     const Viewport& view_;
     QPalette palette_;
@@ -136,7 +139,8 @@ private:
     std::uint64_t penKey_ = ~std::uint64_t{0};
     std::uint64_t brushKey_ = ~std::uint64_t{0};
     // Who draws the pen's lines: the painter, or for a solid opaque pen on a
-    // picture of our own pixels, thin_ (one pixel) or wide_ (wider, smooth).
+    // picture of our own pixels, thin_ (one pixel of a picture of the
+    // surface's size) or wide_ (smooth, wider or at a HiDPI picture's pixels).
     enum class LineWriter { Painter, Thin, Wide };
     LineWriter writer_ = LineWriter::Painter;
     // The painter holds no pen while it fills what thin_ or wide_ outlines.
