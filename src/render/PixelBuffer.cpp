@@ -14,17 +14,16 @@ PixelBuffer::PixelBuffer(QImage& picture)
     }
 }
 
+// Two channels at a time: each share of a channel fits in its 16 bits.
 void PixelBuffer::blend(int x, int y, QRgb color, int coverage) const
 {
+    constexpr QRgb kAlternate = 0x00FF00FF;
     QRgb& pixel = at(x, y);
-    const QRgb under = pixel;
-    QRgb mixed = 0;
-    for (int shift = 0; shift < 32; shift += 8) {
-        const int top = static_cast<int>((color >> shift) & 0xFF);
-        const int bottom = static_cast<int>((under >> shift) & 0xFF);
-        mixed |= static_cast<QRgb>(bottom + (((top - bottom) * coverage) >> 8)) << shift;
-    }
-    pixel = mixed;
+    const QRgb rest = static_cast<QRgb>(256 - coverage);
+    const auto share = static_cast<QRgb>(coverage);
+    const QRgb redBlue = ((color & kAlternate) * share + (pixel & kAlternate) * rest) >> 8;
+    const QRgb alphaGreen = ((color >> 8) & kAlternate) * share + ((pixel >> 8) & kAlternate) * rest;
+    pixel = (redBlue & kAlternate) | (alphaGreen & ~kAlternate);
 }
 
 } // namespace orbelan
