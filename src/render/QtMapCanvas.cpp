@@ -31,6 +31,8 @@ constexpr double kTextReach = 2048;
 constexpr std::int32_t kBlack = 0x000000;
 constexpr std::int32_t kWhite = 0xFFFFFF;
 constexpr std::int32_t kMarkBorderWidth = 5;
+// A mark shorter than this is its border alone, a black blob: it is left out.
+constexpr double kShortestMark = 3 * kMarkBorderWidth;
 // Segments of one pen are handed to the painter in batches of this many.
 constexpr std::size_t kBatch = 4096;
 
@@ -559,7 +561,11 @@ void QtMapCanvas::clipRing()
 // black, then the triangle filled white over their inner half.
 void QtMapCanvas::DrawDirectionMark(ScreenPoint from, ScreenPoint to, std::int16_t direction)
 {
-    const std::optional<DirectionMark> mark = DirectionMark::of(from, to, direction, markLength());
+    const double length = markLength();
+    if (length < kShortestMark) {
+        return;
+    }
+    const std::optional<DirectionMark> mark = DirectionMark::of(from, to, direction, length);
     const QRectF reach = picture_.adjusted(-kMarkReach, -kMarkReach, kMarkReach, kMarkReach);
     if (!mark || !reach.contains(mark->tip) || !reach.contains(mark->base1) || !reach.contains(mark->base2)) {
         return;

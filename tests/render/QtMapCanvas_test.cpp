@@ -167,7 +167,7 @@ TEST_F(QtMapCanvasTest, ADirectionMarkIsAWhiteArrowheadWithABlackBorder)
     EXPECT_EQ(at(60, 50), kBackground);
 }
 
-TEST_F(QtMapCanvasTest, DirectionMarksAreThirtyMetresLongAndLeftOffShorterSegments)
+TEST_F(QtMapCanvasTest, DirectionMarksAreThirtyMetresLongAndLeftOffShorterSegmentsOrWhenTiny)
 {
     showMetresPerPixel(2);
     QtMapCanvas(picture, view, QPalette()).DrawDirectionMark({20, 50}, {80, 50}, 1);
@@ -183,6 +183,8 @@ TEST_F(QtMapCanvasTest, DirectionMarksAreThirtyMetresLongAndLeftOffShorterSegmen
         canvas.DrawDirectionMark({40, 50}, {60, 50}, 1);
         canvas.DrawDirectionMark({50, 10}, {50, 38.5f}, 1);
     }
+    showMetresPerPixel(2.5);
+    QtMapCanvas(picture, view, QPalette()).DrawDirectionMark({20, 50}, {80, 50}, 1);
     EXPECT_EQ(count(picture.rect(), kBackground), picture.width() * picture.height());
 }
 
