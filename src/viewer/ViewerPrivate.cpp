@@ -766,17 +766,24 @@ bool ViewerPrivate::setImagePath(const QString& path)
     return true;
 }
 
-bool ViewerPrivate::setScaleBar(bool shown)
+template <typename Value>
+void ViewerPrivate::setDrawingSwitch(const char* key, Value (MapRenderer::*current)() const,
+                                     void (MapRenderer::*change)(Value), Value value)
 {
-    if (renderer_.scaleBar() == shown) {
-        return false;
+    if ((renderer_.*current)() == value) {
+        return;
     }
-    renderer_.setScaleBar(shown);
+    (renderer_.*change)(value);
     if (document_.Layers().count() > 0) {
         redrawMap();
     }
-    return true;
+    emit viewer_.propertyChanged(key);
 }
+
+template void ViewerPrivate::setDrawingSwitch<bool>(const char*, bool (MapRenderer::*)() const,
+                                                    void (MapRenderer::*)(bool), bool);
+template void ViewerPrivate::setDrawingSwitch<std::int16_t>(const char*, std::int16_t (MapRenderer::*)() const,
+                                                            void (MapRenderer::*)(std::int16_t), std::int16_t);
 
 void ViewerPrivate::replaceLayers(Layers layers)
 {

@@ -215,6 +215,34 @@ TEST_F(ViewerTest, EveryWriteIsAnnouncedButLoadingIsNot)
     EXPECT_TRUE(changed.isEmpty());
 }
 
+TEST_F(ViewerTest, DrawingSwitchesRedrawAndAnnounceOnlyANewValue)
+{
+    viewer.Layers().AddLayer("streets", 1, polylinelayer, viewer.viewport());
+    QSignalSpy changed(&viewer, &Viewer::propertyChanged);
+    QSignalSpy redrawn(&viewer, &Viewer::MapRedrawn);
+    QSignalSpy errors(&viewer, &Viewer::errorOccurred);
+    viewer.setScaleBar(true);
+    viewer.setAntialiasing(true);
+    viewer.setLabelPlacement(1);
+    EXPECT_TRUE(changed.isEmpty());
+    EXPECT_TRUE(redrawn.isEmpty());
+
+    viewer.setScaleBar(false);
+    viewer.setAntialiasing(false);
+    viewer.setLabelPlacement(0);
+    viewer.setLabelPlacement(-1);
+    QStringList keys;
+    for (const auto& call : changed) {
+        keys << call.at(0).toString();
+    }
+    EXPECT_EQ(keys, (QStringList{"ScaleBar", "Antialiasing", "LabelPlacement"}));
+    EXPECT_EQ(redrawn.size(), 3);
+    EXPECT_EQ(std::tuple(viewer.ScaleBar(), viewer.Antialiasing(), viewer.LabelPlacement()),
+              std::tuple(false, false, 0));
+    ASSERT_EQ(errors.size(), 1);
+    EXPECT_EQ(errors.at(0).at(0).toString(), "LabelPlacement: -1 is not a label placement (0 or 1)");
+}
+
 TEST_F(ViewerTest, APortOutsideTheTcpRangeIsRefusedAndReported)
 {
     viewer.setPort(1001);
