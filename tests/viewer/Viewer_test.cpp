@@ -3,6 +3,7 @@
 #include "protocol/messages/ElementInformation.h"
 #include "protocol/messages/ElementInformationRequest.h"
 #include "protocol/messages/MessageIO.h"
+#include "ShownViewer.h"
 #include "model/Layers.h"
 #include "viewer/InputCodes.h"
 #include "viewer/PropertyBag.h"
@@ -241,6 +242,23 @@ TEST_F(ViewerTest, DrawingSwitchesRedrawAndAnnounceOnlyANewValue)
               std::tuple(false, false, 0));
     ASSERT_EQ(errors.size(), 1);
     EXPECT_EQ(errors.at(0).at(0).toString(), "LabelPlacement: -1 is not a label placement (0 or 1)");
+}
+
+using ScaleBarOrder = ShownViewer;
+
+// A picked line under the scale bar shows highlighted, and the bar stays over it.
+TEST_F(ScaleBarOrder, TheScaleBarIsDrawnOverHighlights)
+{
+    layer& roads = addLayer(1, polylinelayer, 0x00FF00);
+    roads.Selectable = true;
+    roads.Entidades.AddEntity(1, std::vector<Vertex>{{2, -4.2}, {10, -4.2}}, roads); // row 184, under the bar
+    viewer.Redraw();
+    viewer.SelectObjects(1);
+    QTest::mouseClick(&viewer, Qt::RightButton, Qt::NoModifier, {260, 184});
+    QTest::mouseClick(&viewer, Qt::LeftButton, Qt::NoModifier, {260, 184});
+    const QImage shown = viewer.grab().toImage();
+    EXPECT_EQ(shown.pixel(260, 184), 0xFFFF0000);
+    EXPECT_EQ(shown.pixel(380, 184), 0xFF000000);
 }
 
 TEST_F(ViewerTest, APortOutsideTheTcpRangeIsRefusedAndReported)
