@@ -182,20 +182,13 @@ QString withLayerSettings(const char* head, const char* tail)
 const QStringList& Schema::statements()
 {
     static const QStringList all = {
-        QString::fromUtf8(kUsers),
-        QString::fromUtf8(kMaps),
-        QString::fromUtf8(kMapAccess),
-        withLayerSettings(kLayersHead, kLayersTail),
-        QString::fromUtf8(kFields),
-        QString::fromUtf8(kThematicClasses),
-        QString::fromUtf8(kLayerAccess),
-        QString::fromUtf8(kElements),
-        QString::fromUtf8(kCells),
-        QString::fromUtf8(kCellsByElement),
-        withLayerSettings(kSavedLayersHead, kSavedLayersTail),
-        QString::fromUtf8(kSavedClasses),
-        QString::fromUtf8(kMapLayers),
-        QString::fromUtf8(kMapClasses),
+        QString::fromUtf8(kUsers),       QString::fromUtf8(kMaps),
+        QString::fromUtf8(kMapAccess),   withLayerSettings(kLayersHead, kLayersTail),
+        QString::fromUtf8(kFields),      QString::fromUtf8(kThematicClasses),
+        QString::fromUtf8(kLayerAccess), QString::fromUtf8(kElements),
+        QString::fromUtf8(kCells),       QString::fromUtf8(kCellsByElement),
+        withLayerSettings(kSavedLayersHead, kSavedLayersTail), QString::fromUtf8(kSavedClasses),
+        QString::fromUtf8(kMapLayers),   QString::fromUtf8(kMapClasses),
     };
     return all;
 }
