@@ -599,7 +599,9 @@ void ViewerPrivate::paint()
     }
     entryOverlay_.paint(painter, viewport_, tools_.state().vertices);
     // Over everything the map shows, highlights and marks included.
-    renderer_.drawScaleBar(painter, viewer_.size(), viewport_);
+    if (surface.backMode != 0) {
+        renderer_.drawScaleBar(painter, viewer_.size(), viewport_);
+    }
     if (surface.border == 1) {
         painter.setPen(viewer_.palette().color(QPalette::WindowText));
         painter.drawRect(viewer_.rect().adjusted(0, 0, -1, -1));
