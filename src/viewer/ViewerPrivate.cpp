@@ -787,6 +787,8 @@ void ViewerPrivate::setDrawingSwitch(const char* key, Value (MapRenderer::*curre
     (renderer_.*change)(value);
     if (document_.Layers().count() > 0) {
         redrawMap();
+    } else {
+        viewer_.update();
     }
     emit viewer_.propertyChanged(key);
 }
