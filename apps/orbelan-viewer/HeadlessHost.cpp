@@ -14,6 +14,7 @@
 #include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QFile>
+#include <QImage>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
@@ -418,7 +419,12 @@ bool HeadlessHost::saveImage(const QString& path)
     // What the control leaves for the next turn of the event loop, such as
     // its status line, belongs in the picture.
     QCoreApplication::processEvents();
-    if (!viewer_.grab().save(path)) {
+    // At the control's own size, also on a screen of more pixels a point.
+    QImage image = viewer_.grab().toImage();
+    if (image.devicePixelRatio() != 1) {
+        image = image.scaled(viewer_.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    }
+    if (!image.save(path)) {
         error(QStringLiteral("snapshot: cannot write %1").arg(path));
         return false;
     }

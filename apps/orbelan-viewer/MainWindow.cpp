@@ -13,6 +13,7 @@
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QInputDialog>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QMetaMethod>
 #include <QPainter>
@@ -29,6 +30,12 @@ namespace orbelan {
 namespace {
 
 constexpr float kClickZoomFactor = 2;
+// The virtual key numbers of the plus and minus keys, on the keypad and in the main rows.
+constexpr int kKeypadPlus = 107;
+constexpr int kKeypadMinus = 109;
+constexpr int kPlus = 187;
+constexpr int kMinus = 189;
+constexpr int kCtrlOrAlt = 2 | 4;
 constexpr int kEventLogLines = 2000;
 const QString kProgramName = QStringLiteral("Orbelan Viewer");
 
@@ -133,6 +140,7 @@ MainWindow::MainWindow(Viewer* viewer, UiServices& ui)
     addMenus();
     addToolBar();
     reportEvents();
+    zoomOnKeys();
     connect(viewer_, &Viewer::MapLoaded, this, [this] {
         const QString name = viewer_->Nombre();
         setWindowTitle(name.isEmpty() ? kProgramName : name + QStringLiteral(" — ") + kProgramName);
@@ -263,6 +271,37 @@ void MainWindow::exportMap()
         viewer_->ExportImage(chooser.selectedFiles().constFirst(), viewer_->width(), viewer_->height(),
                              viewer_->logicalDpiY());
     }
+}
+
+// Plain + and - zoom as the menu says, but while the control has the focus
+// they are its keys: it raises KeyDown and KeyUp for them, and the window
+// zooms on its KeyDown rather than through the menu's shortcuts.
+void MainWindow::zoomOnKeys()
+{
+    viewer_->installEventFilter(this);
+    connect(viewer_, &Viewer::KeyDown, this, [this](int code, int shift) {
+        if ((shift & kCtrlOrAlt) != 0) {
+            return;
+        }
+        if (code == kPlus || code == kKeypadPlus) {
+            viewer_->ZoomIn();
+        } else if (code == kMinus || code == kKeypadMinus) {
+            viewer_->ZoomOut();
+        }
+    });
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == viewer_ && event->type() == QEvent::ShortcutOverride) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        const bool plain = (key->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) == 0;
+        if (plain && (key->key() == Qt::Key_Plus || key->key() == Qt::Key_Minus)) {
+            event->accept();
+            return true;
+        }
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void MainWindow::reportEvents()

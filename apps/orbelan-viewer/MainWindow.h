@@ -23,12 +23,16 @@ public:
     // Dialogs open through ui (not owned).
     MainWindow(Viewer* viewer, UiServices& ui);
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     void addMenus();
     void addCommand(QMenu& menu, const QMetaMethod& method);
     void addEventLog();
     void addToolBar();
     void reportEvents();
+    void zoomOnKeys();
     void changePassword();
     void saveMap();
     void exportMap();

@@ -30,15 +30,9 @@ CREATE TABLE IF NOT EXISTS map_access (
     PRIMARY KEY (user_id, map_code)
 ) WITHOUT ROWID)";
 
-const char* const kLayers = R"(
-CREATE TABLE IF NOT EXISTS layers (
-    id               INTEGER PRIMARY KEY,
-    map_code         INTEGER NOT NULL REFERENCES maps(code) ON DELETE CASCADE,
-    position         INTEGER NOT NULL,
-    name             TEXT NOT NULL,
-    type             INTEGER NOT NULL CHECK (type IN (1, 2, 4, 5)),
-    grid_delta_x     REAL NOT NULL CHECK (grid_delta_x > 0),
-    grid_delta_y     REAL NOT NULL CHECK (grid_delta_y > 0),
+// The settings a map shows a layer with: the same columns in the stored
+// layers and in the saved maps' layers.
+const char* const kLayerSettings = R"(
     visibility       INTEGER NOT NULL,
     zoom_min         REAL NOT NULL,
     zoom_max         REAL NOT NULL,
@@ -55,7 +49,18 @@ CREATE TABLE IF NOT EXISTS layers (
     label_color      INTEGER NOT NULL,
     thematic_field   TEXT NOT NULL,
     thematic_type    INTEGER NOT NULL,
-    UNIQUE (map_code, position)
+)";
+
+const char* const kLayersHead = R"(
+CREATE TABLE IF NOT EXISTS layers (
+    id               INTEGER PRIMARY KEY,
+    map_code         INTEGER NOT NULL REFERENCES maps(code) ON DELETE CASCADE,
+    position         INTEGER NOT NULL,
+    name             TEXT NOT NULL,
+    type             INTEGER NOT NULL CHECK (type IN (1, 2, 4, 5)),
+    grid_delta_x     REAL NOT NULL CHECK (grid_delta_x > 0),
+    grid_delta_y     REAL NOT NULL CHECK (grid_delta_y > 0),)";
+const char* const kLayersTail = R"(    UNIQUE (map_code, position)
 ))";
 
 const char* const kFields = R"(
@@ -114,28 +119,12 @@ CREATE TABLE IF NOT EXISTS cells (
 
 // A saved map has no layers of its own: each of its layers is a stored
 // layer (geometry, fields, attributes) seen with the settings the user saved.
-const char* const kSavedLayers = R"(
+const char* const kSavedLayersHead = R"(
 CREATE TABLE IF NOT EXISTS saved_layers (
     map_code         INTEGER NOT NULL REFERENCES maps(code) ON DELETE CASCADE,
     position         INTEGER NOT NULL,
-    layer_id         INTEGER NOT NULL REFERENCES layers(id) ON DELETE CASCADE,
-    visibility       INTEGER NOT NULL,
-    zoom_min         REAL NOT NULL,
-    zoom_max         REAL NOT NULL,
-    draw_color       INTEGER NOT NULL,
-    draw_style       INTEGER NOT NULL,
-    draw_width       INTEGER NOT NULL,
-    fill_color       INTEGER NOT NULL,
-    fill_style       INTEGER NOT NULL,
-    label_field      TEXT NOT NULL,
-    label_zoom_min   REAL NOT NULL,
-    label_zoom_max   REAL NOT NULL,
-    label_visibility INTEGER NOT NULL,
-    label_bold       INTEGER NOT NULL,
-    label_color      INTEGER NOT NULL,
-    thematic_field   TEXT NOT NULL,
-    thematic_type    INTEGER NOT NULL,
-    PRIMARY KEY (map_code, position),
+    layer_id         INTEGER NOT NULL REFERENCES layers(id) ON DELETE CASCADE,)";
+const char* const kSavedLayersTail = R"(    PRIMARY KEY (map_code, position),
     UNIQUE (map_code, layer_id)
 ) WITHOUT ROWID)";
 
@@ -182,17 +171,23 @@ SELECT map_code, layer_id, position, min_value, max_value, draw_color, draw_styl
 const char* const kCellsByElement =
     "CREATE INDEX IF NOT EXISTS cells_by_element ON cells (layer_id, element_id)";
 
+// A table of layers: its own columns first, then the settings, then its keys.
+QString withLayerSettings(const char* head, const char* tail)
+{
+    return QString::fromUtf8(head) + QString::fromUtf8(kLayerSettings) + QString::fromUtf8(tail);
+}
+
 } // namespace
 
 const QStringList& Schema::statements()
 {
     static const QStringList all = {
         QString::fromUtf8(kUsers),       QString::fromUtf8(kMaps),
-        QString::fromUtf8(kMapAccess),   QString::fromUtf8(kLayers),
+        QString::fromUtf8(kMapAccess),   withLayerSettings(kLayersHead, kLayersTail),
         QString::fromUtf8(kFields),      QString::fromUtf8(kThematicClasses),
         QString::fromUtf8(kLayerAccess), QString::fromUtf8(kElements),
         QString::fromUtf8(kCells),       QString::fromUtf8(kCellsByElement),
-        QString::fromUtf8(kSavedLayers), QString::fromUtf8(kSavedClasses),
+        withLayerSettings(kSavedLayersHead, kSavedLayersTail), QString::fromUtf8(kSavedClasses),
         QString::fromUtf8(kMapLayers),   QString::fromUtf8(kMapClasses),
     };
     return all;

@@ -32,23 +32,17 @@ void MapRenderer::render(QImage& picture, const Viewport& view, MapDocument& doc
     if (!view.viewReady() || picture.isNull()) {
         return;
     }
-    {
-        QtMapCanvas canvas(picture, view, palette_);
-        drawLayers(canvas, view, document, onlyLayer);
-    }
-    drawScaleBar(picture, picture.size(), view);
+    QtMapCanvas canvas(picture, view, palette_);
+    drawLayers(canvas, view, document, onlyLayer);
 }
 
 void MapRenderer::render(QPaintDevice& device, QSize size, const Viewport& view, MapDocument& document) const
 {
-    {
-        QtMapCanvas canvas(device, size, view, palette_);
-        canvas.fill(olecolor::toQColor(document.BackgroundColor, palette_));
-        if (view.viewReady()) {
-            drawLayers(canvas, view, document, std::nullopt);
-        }
+    QtMapCanvas canvas(device, size, view, palette_);
+    canvas.fill(olecolor::toQColor(document.BackgroundColor, palette_));
+    if (view.viewReady()) {
+        drawLayers(canvas, view, document, std::nullopt);
     }
-    drawScaleBar(device, size, view);
 }
 
 void MapRenderer::drawLayers(QtMapCanvas& canvas, const Viewport& view, MapDocument& document,
@@ -114,7 +108,7 @@ void MapRenderer::drawImage(QImage& picture, const Viewport& view, std::int32_t 
     canvas.DrawImage(imageNumber);
 }
 
-void MapRenderer::drawScaleBar(QPaintDevice& device, QSize size, const Viewport& view) const
+void MapRenderer::drawScaleBar(QPainter& painter, QSize size, const Viewport& view) const
 {
     if (!scaleBar_) {
         return;
@@ -122,7 +116,6 @@ void MapRenderer::drawScaleBar(QPaintDevice& device, QSize size, const Viewport&
     const std::optional<double> metresPerPixel = ScaleBar::groundMetresPerPixel(view);
     const std::optional<ScaleBar::Span> span = metresPerPixel ? ScaleBar::choose(*metresPerPixel) : std::nullopt;
     if (span) {
-        QPainter painter(&device);
         ScaleBar::draw(painter, size, *span);
     }
 }

@@ -9,6 +9,7 @@
 
 class QImage;
 class QPaintDevice;
+class QPainter;
 class QSize;
 
 namespace orbelan {
@@ -39,7 +40,7 @@ public:
     // The raster images that image layers draw, by number (not owned); without
     // them image layers draw nothing.
     void setRasters(const RasterImages* rasters) { rasters_ = rasters; }
-    // With the scale bar on, every render ends with a metric scale bar in a corner.
+    // With the scale bar on, drawScaleBar draws a metric scale bar in a corner.
     void setScaleBar(bool shown) { scaleBar_ = shown; }
     bool scaleBar() const { return scaleBar_; }
     // Geometry drawn smoothly (see QtMapCanvas::setAntialiasing); off by default.
@@ -70,11 +71,13 @@ public:
                    std::span<const std::int32_t> ids) const;
     // Draws the raster image of that number over the picture.
     void drawImage(QImage& picture, const Viewport& view, std::int32_t imageNumber) const;
+    // The scale bar for the view, over a map of that size in the painter's
+    // units; drawn last, so that nothing drawn on the map covers it.
+    void drawScaleBar(QPainter& painter, QSize size, const Viewport& view) const;
 
 private:
     void drawLayers(QtMapCanvas& canvas, const Viewport& view, MapDocument& document,
                     std::optional<std::int32_t> onlyLayer) const;
-    void drawScaleBar(QPaintDevice& device, QSize size, const Viewport& view) const;
 
     QPalette palette_;
     QFont font_;

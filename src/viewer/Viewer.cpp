@@ -134,11 +134,9 @@ void Viewer::setLabelPlacement(std::int16_t mode)
 {
     guarded(*this, kLabelPlacementKey, [&] {
         if (mode != 0 && mode != 1) {
-            throw std::invalid_argument(std::to_string(mode) + " is no label placement (0 or 1)");
+            throw std::invalid_argument(std::to_string(mode) + " is not a label placement (0 or 1)");
         }
-        d_->renderer().setLabelPlacement(mode);
-        d_->redrawMap();
-        emit propertyChanged(kLabelPlacementKey);
+        d_->setDrawingSwitch(kLabelPlacementKey, &MapRenderer::labelPlacement, &MapRenderer::setLabelPlacement, mode);
     });
 }
 
@@ -254,7 +252,7 @@ void Viewer::ReadProperties(const PropertyBag& bag)
     d_->document().MapCode = readNumber<std::int32_t>(bag, kMapCodeKey, 1);
     d_->document().IDUser = readNumber<std::int32_t>(bag, kIdUserKey, 0);
     d_->setImagePath(bag.ReadProperty(kImagePathKey, QString()).toString());
-    d_->setScaleBar(bag.ReadProperty(kScaleBarKey, true).toBool());
+    d_->renderer().setScaleBar(bag.ReadProperty(kScaleBarKey, true).toBool());
     d_->renderer().setAntialiasing(bag.ReadProperty(kAntialiasingKey, true).toBool());
     d_->renderer().setLabelPlacement(readNumber<std::int16_t>(bag, kLabelPlacementKey, 1) == 0 ? 0 : 1);
     connection.resetPendingRequests();
@@ -551,14 +549,12 @@ void Viewer::setImagePath(const QString& path)
     });
 }
 
-bool Viewer::ScaleBar() const { return d_->scaleBar(); }
+bool Viewer::ScaleBar() const { return d_->renderer().scaleBar(); }
 
 void Viewer::setScaleBar(bool shown)
 {
     guarded(*this, kScaleBarKey, [&] {
-        if (d_->setScaleBar(shown)) {
-            emit propertyChanged(kScaleBarKey);
-        }
+        d_->setDrawingSwitch(kScaleBarKey, &MapRenderer::scaleBar, &MapRenderer::setScaleBar, shown);
     });
 }
 
@@ -566,11 +562,9 @@ bool Viewer::Antialiasing() const { return d_->renderer().antialiasing(); }
 
 void Viewer::setAntialiasing(bool on)
 {
-    if (on != Antialiasing()) {
-        d_->renderer().setAntialiasing(on);
-        d_->redrawMap();
-        emit propertyChanged(kAntialiasingKey);
-    }
+    guarded(*this, kAntialiasingKey, [&] {
+        d_->setDrawingSwitch(kAntialiasingKey, &MapRenderer::antialiasing, &MapRenderer::setAntialiasing, on);
+    });
 }
 
 int Viewer::LoadRasterFile(const QString& FileName)

@@ -41,6 +41,13 @@ constexpr int kRightButton = 2;
 constexpr int kShiftKey = 1;
 constexpr double kArrowPanShare = 0.25;
 
+// The renderer's scale bar over a finished picture or page of that size.
+void addScaleBar(const MapRenderer& renderer, QPaintDevice& device, QSize size, const Viewport& view)
+{
+    QPainter painter(&device);
+    renderer.drawScaleBar(painter, size, view);
+}
+
 // A box narrower than 0.002 degrees becomes its centre +- 0.001, so that a
 // single point shows with its surroundings.
 void widenToMinimum(double& low, double& high)
@@ -591,6 +598,10 @@ void ViewerPrivate::paint()
         painter.drawImage(panOffset_, picture_);
     }
     entryOverlay_.paint(painter, viewport_, tools_.state().vertices);
+    // Over everything the map shows, highlights and marks included.
+    if (surface.backMode != 0) {
+        renderer_.drawScaleBar(painter, viewer_.size(), viewport_);
+    }
     if (surface.border == 1) {
         painter.setPen(viewer_.palette().color(QPalette::WindowText));
         painter.drawRect(viewer_.rect().adjusted(0, 0, -1, -1));
@@ -766,17 +777,26 @@ bool ViewerPrivate::setImagePath(const QString& path)
     return true;
 }
 
-bool ViewerPrivate::setScaleBar(bool shown)
+template <typename Value>
+void ViewerPrivate::setDrawingSwitch(const char* key, Value (MapRenderer::*current)() const,
+                                     void (MapRenderer::*change)(Value), Value value)
 {
-    if (renderer_.scaleBar() == shown) {
-        return false;
+    if ((renderer_.*current)() == value) {
+        return;
     }
-    renderer_.setScaleBar(shown);
+    (renderer_.*change)(value);
     if (document_.Layers().count() > 0) {
         redrawMap();
+    } else {
+        viewer_.update();
     }
-    return true;
+    emit viewer_.propertyChanged(key);
 }
+
+template void ViewerPrivate::setDrawingSwitch<bool>(const char*, bool (MapRenderer::*)() const,
+                                                    void (MapRenderer::*)(bool), bool);
+template void ViewerPrivate::setDrawingSwitch<std::int16_t>(const char*, std::int16_t (MapRenderer::*)() const,
+                                                            void (MapRenderer::*)(std::int16_t), std::int16_t);
 
 void ViewerPrivate::replaceLayers(Layers layers)
 {
@@ -801,9 +821,12 @@ void ViewerPrivate::snapShot()
     QClipboard* clipboard = QGuiApplication::clipboard();
     clipboard->clear();
     // The picture at the control's own size, as on a screen of one pixel a point.
-    clipboard->setImage(picture_.devicePixelRatio() == 1
-                            ? picture_
-                            : picture_.scaled(viewer_.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation));
+    QImage shot = picture_.devicePixelRatio() == 1
+                      ? picture_.copy()
+                      : picture_.scaled(viewer_.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    shot.setDevicePixelRatio(1);
+    addScaleBar(renderer_, shot, shot.size(), viewport_);
+    clipboard->setImage(shot);
 }
 
 void ViewerPrivate::exportImage(const QString& fileName, int width, int height, int dpi)
@@ -822,10 +845,14 @@ void ViewerPrivate::exportImage(const QString& fileName, int width, int height, 
     renderer.setTextMetrics(viewer_.font(), dpi);
     if (MapExport::isPdf(fileName)) {
         MapExport::writePdf(fileName, {width, height}, dpi,
-                            [&](QPaintDevice& page) { renderer.render(page, {width, height}, view, document_); });
+                            [&](QPaintDevice& page) {
+                                renderer.render(page, {width, height}, view, document_);
+                                addScaleBar(renderer, page, {width, height}, view);
+                            });
     } else {
         QImage picture(width, height, QImage::Format_ARGB32_Premultiplied);
         renderer.render(picture, view, document_);
+        addScaleBar(renderer, picture, picture.size(), view);
         MapExport::writePng(picture, fileName, dpi);
     }
     // The layers list what the export drew; the control's own view lists its own again.

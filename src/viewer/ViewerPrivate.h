@@ -156,9 +156,12 @@ public:
     // A new folder for the raster files: the image layers are bound to it
     // and the map is drawn again. Nothing (false) when the folder is the same.
     bool setImagePath(const QString& path);
-    // The scale bar shown or not; the map is drawn again. Nothing (false) when it stays as it was.
-    bool setScaleBar(bool shown);
-    bool scaleBar() const { return renderer_.scaleBar(); }
+    // One of the renderer's drawing switches (scale bar, antialiasing, label
+    // placement) set to value: when it is new, the map is drawn again and the
+    // host told of the property key; the same value again does nothing.
+    template <typename Value>
+    void setDrawingSwitch(const char* key, Value (MapRenderer::*current)() const,
+                          void (MapRenderer::*change)(Value), Value value);
     // The layers put in place of the map's: the image layers get their images.
     void replaceLayers(Layers layers);
     // Draws the image of image layer layerId over the picture.

@@ -3,6 +3,7 @@
 #include "protocol/messages/ElementInformation.h"
 #include "protocol/messages/ElementInformationRequest.h"
 #include "protocol/messages/MessageIO.h"
+#include "ShownViewer.h"
 #include "model/Layers.h"
 #include "viewer/InputCodes.h"
 #include "viewer/PropertyBag.h"
@@ -213,6 +214,51 @@ TEST_F(ViewerTest, EveryWriteIsAnnouncedButLoadingIsNot)
     bag.values["Enabled"] = true;
     viewer.ReadProperties(bag);
     EXPECT_TRUE(changed.isEmpty());
+}
+
+TEST_F(ViewerTest, DrawingSwitchesRedrawAndAnnounceOnlyANewValue)
+{
+    viewer.Layers().AddLayer("streets", 1, polylinelayer, viewer.viewport());
+    QSignalSpy changed(&viewer, &Viewer::propertyChanged);
+    QSignalSpy redrawn(&viewer, &Viewer::MapRedrawn);
+    QSignalSpy errors(&viewer, &Viewer::errorOccurred);
+    viewer.setScaleBar(true);
+    viewer.setAntialiasing(true);
+    viewer.setLabelPlacement(1);
+    EXPECT_TRUE(changed.isEmpty());
+    EXPECT_TRUE(redrawn.isEmpty());
+
+    viewer.setScaleBar(false);
+    viewer.setAntialiasing(false);
+    viewer.setLabelPlacement(0);
+    viewer.setLabelPlacement(-1);
+    QStringList keys;
+    for (const auto& call : changed) {
+        keys << call.at(0).toString();
+    }
+    EXPECT_EQ(keys, (QStringList{"ScaleBar", "Antialiasing", "LabelPlacement"}));
+    EXPECT_EQ(redrawn.size(), 3);
+    EXPECT_EQ(std::tuple(viewer.ScaleBar(), viewer.Antialiasing(), viewer.LabelPlacement()),
+              std::tuple(false, false, 0));
+    ASSERT_EQ(errors.size(), 1);
+    EXPECT_EQ(errors.at(0).at(0).toString(), "LabelPlacement: -1 is not a label placement (0 or 1)");
+}
+
+using ScaleBarOrder = ShownViewer;
+
+// A picked line under the scale bar shows highlighted, and the bar stays over it.
+TEST_F(ScaleBarOrder, TheScaleBarIsDrawnOverHighlights)
+{
+    layer& roads = addLayer(1, polylinelayer, 0x00FF00);
+    roads.Selectable = true;
+    roads.Entidades.AddEntity(1, std::vector<Vertex>{{2, -4.2}, {10, -4.2}}, roads); // row 184, under the bar
+    viewer.Redraw();
+    viewer.SelectObjects(1);
+    QTest::mouseClick(&viewer, Qt::RightButton, Qt::NoModifier, {260, 184});
+    QTest::mouseClick(&viewer, Qt::LeftButton, Qt::NoModifier, {260, 184});
+    const QImage shown = viewer.grab().toImage();
+    EXPECT_EQ(shown.pixel(260, 184), 0xFFFF0000);
+    EXPECT_EQ(shown.pixel(380, 184), 0xFF000000);
 }
 
 TEST_F(ViewerTest, APortOutsideTheTcpRangeIsRefusedAndReported)
