@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QSignalSpy>
+#include <QTest>
 #include <QToolBar>
 
 #include <gtest/gtest.h>
@@ -87,6 +88,27 @@ TEST(MainWindow, TheToolBarFollowsTheCurrentTool)
     viewer->findChild<QAction*>("mnuEndSelection")->trigger();
     ASSERT_EQ(selections.size(), 1);
     EXPECT_EQ(selections.front().front().toInt(), 4);
+}
+
+// While the control has the focus, plain - is its key (KeyDown 189), not the
+// menu's shortcut, and the window zooms out on it.
+TEST(MainWindow, MinusIsTheFocusedControlsKeyAndZoomsOut)
+{
+    auto* viewer = new orbelan::Viewer;
+    viewer->setUserMode(false);
+    orbelan::ScriptedUiServices ui;
+    orbelan::MainWindow window(viewer, ui);
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    viewer->setFocus();
+    viewer->SetView(-1, -1, 1, 1);
+    const double scale = viewer->viewport().scale();
+    QSignalSpy keys(viewer, &orbelan::Viewer::KeyDown);
+    QTest::keyClick(viewer, Qt::Key_Minus);
+    ASSERT_EQ(keys.size(), 1);
+    EXPECT_EQ(keys.front().front().toInt(), 189);
+    EXPECT_NE(viewer->viewport().scale(), scale);
 }
 
 } // namespace
