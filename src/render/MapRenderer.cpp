@@ -43,6 +43,7 @@ void MapRenderer::render(QPaintDevice& device, QSize size, const Viewport& view,
     if (view.viewReady()) {
         drawLayers(canvas, view, document, std::nullopt);
     }
+    drawScaleBar(canvas.overlay(), size, view);
 }
 
 void MapRenderer::drawLayers(QtMapCanvas& canvas, const Viewport& view, MapDocument& document,

@@ -59,7 +59,8 @@ public:
                 std::optional<std::int32_t> onlyLayer = std::nullopt) const;
 
     // The same on any paint device (a PDF page) of the given size in pixels,
-    // every layer drawn anew.
+    // every layer drawn anew, and the scale bar over them: a page takes one
+    // painter only.
     void render(QPaintDevice& device, QSize size, const Viewport& view, MapDocument& document) const;
 
     // The label pass alone: the labels of every layer on the canvas, placed

@@ -161,6 +161,13 @@ void QtMapCanvas::centreOnPixels(bool on)
     }
 }
 
+QPainter& QtMapCanvas::overlay()
+{
+    flushLines();
+    centreOnPixels(false);
+    return painter_;
+}
+
 void QtMapCanvas::fill(const QColor& colour)
 {
     centreOnPixels(false);

@@ -92,6 +92,8 @@ public:
     // The surface's size in pixels.
     QRectF surface() const { return picture_; }
 
+    // The painter, with everything drawn so far in it, for drawing over the map.
+    QPainter& overlay();
     // Clears the whole surface with the colour.
     void fill(const QColor& colour);
     // The Qt styles of the control's pen and fill style numbers.

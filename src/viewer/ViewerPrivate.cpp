@@ -845,10 +845,7 @@ void ViewerPrivate::exportImage(const QString& fileName, int width, int height, 
     renderer.setTextMetrics(viewer_.font(), dpi);
     if (MapExport::isPdf(fileName)) {
         MapExport::writePdf(fileName, {width, height}, dpi,
-                            [&](QPaintDevice& page) {
-                                renderer.render(page, {width, height}, view, document_);
-                                addScaleBar(renderer, page, {width, height}, view);
-                            });
+                            [&](QPaintDevice& page) { renderer.render(page, {width, height}, view, document_); });
     } else {
         QImage picture(width, height, QImage::Format_ARGB32_Premultiplied);
         renderer.render(picture, view, document_);

@@ -180,6 +180,7 @@ TEST_F(ViewerRaster, ExportWritesAPngOfTheAskedSizeAndAPdfPageOfIt)
     ASSERT_TRUE(written.open(QIODevice::ReadOnly));
     const QByteArray bytes = written.readAll();
     EXPECT_TRUE(bytes.startsWith("%PDF-"));
+    EXPECT_EQ(bytes.count("%%EOF"), 1); // one document, drawn by one painter
     // Polygons stay vectors: the page holds no picture.
     EXPECT_FALSE(bytes.contains("/Subtype /Image"));
     // 720 x 360 pixels at 144 dots per inch: 5 x 2.5 inches, 360 x 180 points.
