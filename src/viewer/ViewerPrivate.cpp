@@ -41,6 +41,9 @@ constexpr int kRightButton = 2;
 constexpr int kShiftKey = 1;
 constexpr double kArrowPanShare = 0.25;
 
+// How far inside the map's corner the legend first opens, in pixels.
+constexpr int kLegendInset = 12;
+
 // The renderer's scale bar over a finished picture or page of that size.
 void addScaleBar(const MapRenderer& renderer, QPaintDevice& device, QSize size, const Viewport& view)
 {
@@ -865,10 +868,16 @@ void ViewerPrivate::mapSetup()
 
 void ViewerPrivate::showMapReferences()
 {
-    if (!legend_) {
+    const bool created = !legend_;
+    if (created) {
         legend_ = std::make_unique<dlgMapReferences>(&viewer_);
     }
     legend_->build(document_, viewport_.viewBox(), viewer_.palette());
+    if (created) {
+        // Over the map's top-left corner, not the host's menus; moved by the
+        // user, it stays where it was put.
+        legend_->move(viewer_.mapToGlobal(QPoint(kLegendInset, kLegendInset)));
+    }
     legend_->show();
 }
 

@@ -190,6 +190,8 @@ TEST_F(LegendOfViewer, ShownBuiltAgainHiddenAndClosedByTheViewer)
     ASSERT_NE(legend(), nullptr);
     EXPECT_TRUE(legend()->isVisible());
     EXPECT_EQ(legend()->rowsBuilt(), 0);
+    // It opens over the map, not over whatever lies above it.
+    EXPECT_TRUE(QRect(viewer.mapToGlobal(QPoint(0, 0)), viewer.size()).contains(legend()->pos()));
 
     parcels.ThematicMap().Add(0, 1, 0, 0, 0, "A", "");
     viewer.HideMapReferences();
