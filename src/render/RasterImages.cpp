@@ -21,6 +21,13 @@ void RasterImages::replace(std::int32_t number, std::unique_ptr<RasterSource> so
     found->second = std::move(source);
 }
 
+void RasterImages::closeAll()
+{
+    for (auto& [number, source] : sources_) {
+        source.reset();
+    }
+}
+
 const RasterSource* RasterImages::find(std::int32_t number) const
 {
     const auto found = sources_.find(number);

@@ -17,6 +17,8 @@ public:
     std::int32_t add(std::unique_ptr<RasterSource> source);
     // Puts another image (or none) under a number already given.
     void replace(std::int32_t number, std::unique_ptr<RasterSource> source);
+    // Closes every image; their numbers stay taken.
+    void closeAll();
     // The open image under the number; null when there is none.
     const RasterSource* find(std::int32_t number) const;
     // True when the number was given, whether an image is open under it or not.

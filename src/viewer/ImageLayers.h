@@ -29,6 +29,8 @@ public:
     std::int32_t load(const QString& fileName);
     // Every image layer without image loads its file.
     void bind(Layers& layers);
+    // The map is gone: every image is closed, its number kept.
+    void closeAll() { images_.closeAll(); }
     // True when an image was ever given the number, open or closed since.
     bool exists(std::int32_t number) const { return images_.exists(number); }
     const RasterImages& images() const { return images_; }

@@ -216,6 +216,7 @@ void ViewerPrivate::hidden()
 {
     session_.close();
     document_.Layers().Clear();
+    images_.closeAll();
     document_.layerscargados = false;
     firstShowPending = true;
 }

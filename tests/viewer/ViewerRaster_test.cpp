@@ -129,6 +129,21 @@ TEST_F(ViewerRaster, ImagePathRebindsOnlyWhenItChangesAndAFolderLackingTheFileLe
     EXPECT_EQ(viewer.LoadRasterFile("relief.tif"), number + 1);
 }
 
+TEST_F(ViewerRaster, AHiddenControlClosesItsImagesAndKeepsTheirNumbers)
+{
+    const std::int32_t number = [this] {
+        layer& image = addImageLayer(1);
+        viewer.setImagePath(pathA);
+        return image.ImageNumber;
+    }();
+    viewer.hide();
+    viewer.show();
+    addImageLayer(1).ImageNumber = number;
+    viewer.Redraw();
+    EXPECT_EQ(picture().pixel(50, 50), kWhite);
+    EXPECT_TRUE(viewer.RendererExists(number));
+}
+
 TEST_F(ViewerRaster, ALayerWhoseFileIsMissingHasNoImageAndTheRestDraws)
 {
     viewer.setImagePath(pathB);
