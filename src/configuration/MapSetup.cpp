@@ -30,6 +30,10 @@ bool MapSetup::run()
     }
     applyLayerSetup(document_.Layers(), dialog.settings().layers);
     document_.BackgroundColor = dialog.settings().backgroundColor;
+    // Zoom to Extents returns to it, and a saved map opens on it.
+    if (dialog.settings().initialViewIsCurrent) {
+        document_.mapExtent = view_.viewBox();
+    }
     return true;
 }
 

@@ -226,6 +226,7 @@ void dlgMapSetup::zoomAlways()
 void dlgMapSetup::setInitialHeight()
 {
     settings_.initialHeight = settings_.currentHeight;
+    settings_.initialViewIsCurrent = true;
     lblInitialHeight_->setText(heightText(settings_.initialHeight));
 }
 

@@ -25,6 +25,8 @@ struct MapSetupSettings {
     std::vector<CLayerSetupDef> layers;
     float currentHeight = 0;
     float initialHeight = 0;
+    // The user made the current view the map's initial view.
+    bool initialViewIsCurrent = false;
     std::uint32_t backgroundColor = 0xFFFFFF;
     std::int32_t projection = 0;
 };

@@ -130,6 +130,20 @@ TEST_F(MapSetupRun, ChosenBackgroundColourClearsTheMap)
     EXPECT_EQ(middle(), kBlue);
 }
 
+TEST_F(MapSetupRun, TheCurrentViewMadeInitialIsWhereZoomToExtentsReturns)
+{
+    viewer.SetView(-3, -2, 1, 0);
+    const BoundingBox chosen = viewer.viewport().viewBox();
+    script({}, "cmdSetInitialHeight");
+    script({}, "OKButton");
+    viewer.MapSetup();
+    viewer.SetView(-10, -5, 10, 5);
+    viewer.ZoomExtents();
+    const BoundingBox shown = viewer.viewport().viewBox();
+    EXPECT_NEAR(shown.MinX, chosen.MinX, 1e-9);
+    EXPECT_NEAR(shown.MaxY, chosen.MaxY, 1e-9);
+}
+
 TEST(dlgMapSetup, ZoomBoxesTakeACommaAsThePointAndHoldHugeNumbersToASingle)
 {
     ScriptedUiServices ui;
