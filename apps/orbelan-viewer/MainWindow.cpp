@@ -201,18 +201,17 @@ void MainWindow::addMenus()
         }
     }
 
-    // The layers are known once the map has loaded: the menu lists them as it opens.
-    QMenu* setup = map->addMenu(tr("Layer setup"));
-    setup->setObjectName(QStringLiteral("mnuLayerSetup"));
-    connect(setup, &QMenu::aboutToShow, this, [this, setup] {
-        setup->clear();
-        for (const layer& mapLayer : viewer_->Layers()) {
-            if (mapLayer.Tipo != ImageLayer) {
-                const std::int32_t id = mapLayer.IDLayer;
-                setup->addAction(QString::fromStdString(mapLayer.Nombre), this, [this, id] { viewer_->LayerSetup(id); });
-            }
-        }
-    });
+    addLayerMenu(*map, tr("Layer setup"), QStringLiteral("mnuLayerSetup"),
+                 [this](std::int32_t id) { viewer_->LayerSetup(id); });
+
+    // A click on the map then picks the element.
+    QMenu* query = menuBar()->addMenu(tr("&Query"));
+    addLayerMenu(*query, tr("Identify"), QStringLiteral("mnuIdentify"),
+                 [this](std::int32_t id) { viewer_->GetInfo(id, 0); });
+    addLayerMenu(*query, tr("Edit attributes"), QStringLiteral("mnuEditAttributes"),
+                 [this](std::int32_t id) { viewer_->EditInfo(id, 0); });
+    query->addAction(tr("Find by condition…"), this, [this] { viewer_->FindByCondition(0, {}, 0, {}, {}, false); })
+        ->setObjectName(QStringLiteral("mnuFindByCondition"));
 
     QMenu* view = menuBar()->addMenu(tr("&View"));
     QAction* log = findChild<QDockWidget*>(QStringLiteral("dockEventLog"))->toggleViewAction();
@@ -221,6 +220,24 @@ void MainWindow::addMenus()
 
     QMenu* help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About Orbelan Viewer…"), viewer_, &Viewer::About)->setObjectName(QStringLiteral("mnuAbout"));
+}
+
+// The layers are known once the map has loaded: the submenu lists those
+// with elements as it opens, and its entries act on the chosen one.
+void MainWindow::addLayerMenu(QMenu& menu, const QString& title, const QString& name,
+                              const std::function<void(std::int32_t)>& act)
+{
+    QMenu* layers = menu.addMenu(title);
+    layers->setObjectName(name);
+    connect(layers, &QMenu::aboutToShow, this, [this, layers, act] {
+        layers->clear();
+        for (const layer& mapLayer : viewer_->Layers()) {
+            if (mapLayer.Tipo != ImageLayer) {
+                const std::int32_t id = mapLayer.IDLayer;
+                layers->addAction(QString::fromStdString(mapLayer.Nombre), this, [act, id] { act(id); });
+            }
+        }
+    });
 }
 
 void MainWindow::addCommand(QMenu& menu, const QMetaMethod& method)

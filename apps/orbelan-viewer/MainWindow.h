@@ -2,6 +2,9 @@
 
 #include <QMainWindow>
 
+#include <cstdint>
+#include <functional>
+
 class QMenu;
 class QMetaMethod;
 class QPlainTextEdit;
@@ -12,7 +15,8 @@ class UiServices;
 class Viewer;
 
 // The window of orbelan-viewer: the control in the middle, a menu entry for
-// each of its commands that need no arguments, a tool bar of its mouse tools,
+// each of its commands that need no arguments, the queries on a layer of the
+// map (Query → Identify, Edit attributes, Find), a tool bar of its mouse tools,
 // a status bar with the mouse position and the scale, a log pane of the
 // control's events (View → Event log), and the user's password change. The
 // title names the loaded map.
@@ -29,6 +33,8 @@ protected:
 private:
     void addMenus();
     void addCommand(QMenu& menu, const QMetaMethod& method);
+    void addLayerMenu(QMenu& menu, const QString& title, const QString& name,
+                      const std::function<void(std::int32_t)>& act);
     void addEventLog();
     void addToolBar();
     void reportEvents();

@@ -90,6 +90,25 @@ TEST(MainWindow, TheToolBarFollowsTheCurrentTool)
     EXPECT_EQ(selections.front().front().toInt(), 4);
 }
 
+// Query → Identify lists the map's layers; choosing one arms the information
+// tool on it, whose click picks the element.
+TEST(MainWindow, IdentifyOffersTheLayersAndArmsTheInformationTool)
+{
+    auto* viewer = new orbelan::Viewer;
+    viewer->setUserMode(false);
+    orbelan::ScriptedUiServices ui;
+    orbelan::MainWindow window(viewer, ui);
+    viewer->Layers().AddLayer("roads", 3, orbelan::polylinelayer, viewer->viewport()).AccessLevel =
+        orbelan::ALViewer;
+    viewer->Layers().AddLayer("relief", 5, orbelan::ImageLayer, viewer->viewport());
+    auto* identify = window.findChild<QMenu*>("mnuIdentify");
+    ASSERT_NE(identify, nullptr);
+    emit identify->aboutToShow();
+    EXPECT_EQ(entriesOf(*identify), QStringList{"roads"});
+    identify->actions().front()->trigger();
+    EXPECT_EQ(viewer->currentTool(), 4);
+}
+
 // While the control has the focus, plain - is its key (KeyDown 189), not the
 // menu's shortcut, and the window zooms out on it.
 TEST(MainWindow, MinusIsTheFocusedControlsKeyAndZoomsOut)
