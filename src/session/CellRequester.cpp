@@ -148,6 +148,8 @@ void CellRequester::forgetAwaited()
         case Kind::Geometry: mapLayer->RemoveCell(awaited.cell.row, awaited.cell.column); break;
         case Kind::Labels: mapLayer->RemoveLabelCell(awaited.cell.row, awaited.cell.column); break;
         case Kind::Directions: mapLayer->RemoveDirectionCell(awaited.cell.row, awaited.cell.column); break;
+        // A cell's classes are asked for when its geometry arrives.
+        case Kind::Themes: mapLayer->RemoveCell(awaited.cell.row, awaited.cell.column); break;
         case Kind::Other: break;
         }
     }
@@ -158,7 +160,10 @@ CellRequester::Kind CellRequester::kindOf(const layer& mapLayer, const std::stri
     if (sameText(field, mapLayer.lblField)) {
         return Kind::Labels;
     }
-    return sameText(field, mapLayer.DirectionField) ? Kind::Directions : Kind::Other;
+    if (sameText(field, mapLayer.DirectionField)) {
+        return Kind::Directions;
+    }
+    return sameText(field, mapLayer.ThematicField) ? Kind::Themes : Kind::Other;
 }
 
 } // namespace orbelan

@@ -51,7 +51,7 @@ public:
     void forgetAwaited();
 
 private:
-    enum class Kind { Geometry, Labels, Directions, Other };
+    enum class Kind { Geometry, Labels, Directions, Themes, Other };
     struct Awaited {
         std::int32_t layerId;
         Kind kind;

@@ -107,6 +107,25 @@ TEST_F(CellRequesterTest, LostRepliesLeaveTheirCellsToBeAskedForAgain)
     EXPECT_EQ(labelsAgain.size(), labels.size() - 1);
 }
 
+// A cell's classes are asked for when its geometry arrives: a lost reply of
+// them leaves the cell to be asked for again.
+TEST_F(CellRequesterTest, ALostReplyOfClassesLeavesItsCellToBeAskedForAgain)
+{
+    streets.ThematicField = "USO";
+    streets.setUserLabelVisibility(0);
+    ASSERT_TRUE(view.SetView(0, 0, 2, 1));
+    cells.requestCellsOfView();
+    const auto geometry = requestedCells().first;
+    for (const auto& [row, column] : geometry) {
+        cells.cellArrived(streets, {row, column});
+        cells.requestFieldValues(streets, {row, column}, "USO");
+    }
+    requests.take();
+    cells.forgetAwaited();
+    cells.requestCellsOfView();
+    EXPECT_EQ(requestedCells().first, geometry);
+}
+
 TEST_F(CellRequesterTest, CellsAskedForAgainKeepTheirOrder)
 {
     for (const GridCell& cell : {GridCell{1, 5}, GridCell{2, 6}, GridCell{1, 5}}) {
