@@ -654,28 +654,39 @@ void layer::CollectLabels(const BoundingBox& BBox, const MapCanvas& Wnd, std::si
                           std::vector<LabelCandidate>& candidates)
 {
     // A name shared by a street's blocks is one candidate of all of them, so
-    // that it can go on whichever block suits it best.
-    const bool joinLines = !lblAllowDuplicates && Tipo != pointlayer && Tipo != polygonlayer;
+    // that it can go on whichever block suits it best; a name shared by the
+    // parts of a country goes on its largest part, not on its first island.
+    const bool onePerText = !lblAllowDuplicates && Tipo != pointlayer;
     std::unordered_map<std::int32_t, std::size_t> byText;
-    for (Entidad* entity : labelledEntities(BBox, !lblAllowDuplicates && !joinLines)) {
+    for (Entidad* entity : labelledEntities(BBox, !lblAllowDuplicates && !onePerText)) {
         std::optional<LabelCandidate> candidate = entity->labelCandidate(Wnd);
         if (!candidate) {
             continue;
         }
         candidate->layerOrder = layerOrder;
-        if (joinLines) {
+        if (onePerText) {
             const auto [at, first] = byText.try_emplace(entity->IDLabel, candidates.size());
             if (!first) {
-                LabelCandidate& joined = candidates[at->second];
-                constexpr float gap = std::numeric_limits<float>::quiet_NaN();
-                joined.points.push_back({gap, gap});
-                joined.points.insert(joined.points.end(), candidate->points.begin(), candidate->points.end());
-                joined.size += candidate->size;
+                joinSameText(candidates[at->second], std::move(*candidate));
                 continue;
             }
         }
         candidates.push_back(std::move(*candidate));
     }
+}
+
+void layer::joinSameText(LabelCandidate& kept, LabelCandidate&& other) const
+{
+    if (Tipo == polygonlayer) {
+        if (other.size > kept.size) {
+            kept = std::move(other);
+        }
+        return;
+    }
+    constexpr float gap = std::numeric_limits<float>::quiet_NaN();
+    kept.points.push_back({gap, gap});
+    kept.points.insert(kept.points.end(), other.points.begin(), other.points.end());
+    kept.size += other.size;
 }
 
 void layer::DrawDirections(const BoundingBox& BBox, MapCanvas& Wnd)

@@ -243,6 +243,9 @@ private:
     // The drawn, shown entities whose label shows, the first of each text
     // only when oncePerText.
     std::vector<Entidad*> labelledEntities(const BoundingBox& BBox, bool oncePerText);
+    // Another element's candidate of the same text: lines join it, a polygon
+    // keeps the larger of the two.
+    void joinSameText(LabelCandidate& kept, LabelCandidate&& other) const;
     const Entidad* nearestDrawn(double X, double Y, double tolerance);
     const Entidad* firstDrawnPolygonAt(double X, double Y);
     void appendPointsNear(double X, double Y, std::vector<std::int32_t>& ids, double tolerance);

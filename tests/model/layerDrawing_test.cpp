@@ -293,3 +293,21 @@ TEST_F(layerLabelPass, ForPlacementTheLinesSharingATextMakeOneCandidateUnlessDup
     map.CollectLabels(view, canvas, 0, candidates);
     EXPECT_EQ(candidates.size(), 3u);
 }
+
+// A country's islands share its name: the name goes on its largest part.
+TEST_F(layerLabelPass, ForPlacementPolygonsSharingATextMakeOneCandidateOfTheLargest)
+{
+    map.Tipo = orbelan::polygonlayer;
+    map.Entidades.Clear();
+    const std::int32_t chile = map.GetLabelIndex("Chile");
+    for (const auto& [id, side] : {std::pair{1, 0.5}, std::pair{2, 1.0}, std::pair{3, 0.25}}) {
+        const double x = 3 * id;
+        map.Entidades.AddEntity(id, std::vector<Vertex>{{x, 0}, {x + side, 0}, {x + side, side}, {x, side}}, map)
+            .IDLabel = chile;
+    }
+    redraw();
+    std::vector<orbelan::LabelCandidate> candidates;
+    map.CollectLabels(view, canvas, 0, candidates);
+    ASSERT_EQ(candidates.size(), 1u);
+    EXPECT_EQ(candidates[0].points.front().X, 6.5f);
+}
