@@ -27,11 +27,11 @@ constexpr std::int16_t kAlbers = 1;
 constexpr std::int16_t kLatitudeLongitude = 0;
 constexpr std::int16_t kNoFill = 1;
 // Label heights: county names from a view of a few states, country names
-// from a view of a continent; state names always.
+// from the whole world on; state names always.
 constexpr float kCountyLabelsKm = 1200.0f;
 // State outlines stand out over the one-pixel county outlines.
 constexpr std::int16_t kStateOutlineWidth = 2;
-constexpr float kCountryLabelsDegrees = 0.1f;
+constexpr float kCountryLabelsDegrees = 0.3f;
 
 ImportOptions atlasLayer(const QString& source, const char* sourceLayer, std::int32_t map,
                          std::int32_t layer, const char* name)

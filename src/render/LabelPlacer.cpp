@@ -90,6 +90,11 @@ std::optional<PlacedLabel> LabelPlacer::position(const LabelCandidate& candidate
     qreal advance = 0;
     face.layout(label.text, advance);
     label.size = QSizeF(advance, face.height);
+    // A polygon smaller on the screen than a letter of its name, an island at
+    // a view of the world, is left unnamed.
+    if (candidate.kind == polygonlayer && candidate.size < face.height * face.height) {
+        return std::nullopt;
+    }
     if (candidate.kind != pointlayer && candidate.kind != polygonlayer) {
         return alongLine(candidate, label);
     }

@@ -22,10 +22,11 @@ namespace {
 
 const QRectF kView(0, 0, 400, 300);
 
+// A polygon's candidate covers 10,000 pixels.
 LabelCandidate candidate(orbelan::TipoLayer kind, std::vector<ScreenPoint> points, std::size_t layerOrder = 0,
                          const std::string& text = "Avenida Matta")
 {
-    return {text, false, 0, kind, std::move(points), 0, layerOrder};
+    return {text, false, 0, kind, std::move(points), 1e4, layerOrder};
 }
 
 QPolygonF polygon(const PlacedLabel& label)
@@ -65,6 +66,17 @@ TEST(LabelPlacer, PlacedLabelsNeitherOverlapNorLeaveTheViewAndCollidingOnesAreDr
                 << placed[i].text.toStdString() << " over " << placed[j].text.toStdString();
         }
     }
+}
+
+TEST(LabelPlacer, APolygonSmallerThanALetterOfItsNameIsLeftUnnamed)
+{
+    LabelFonts fonts(96);
+    std::vector<LabelCandidate> islands{candidate(orbelan::polygonlayer, {{100, 100}}, 0, "Samoa"),
+                                        candidate(orbelan::polygonlayer, {{300, 200}}, 0, "Chile")};
+    islands[0].size = 20;
+    const std::vector<PlacedLabel> placed = LabelPlacer(kView, fonts).place(islands);
+    ASSERT_EQ(placed.size(), 1u);
+    EXPECT_EQ(placed[0].text, "Chile");
 }
 
 TEST(LabelPlacer, ALineDrawnRightToLeftReadsLeftToRightOnTheLongEnoughSegmentNearestTheCentre)
