@@ -175,40 +175,6 @@ TEST_F(DemoServer, TheSessionSurvivesTheServerGoingAwayAndComingBack)
     EXPECT_EQ(viewer.Layers().count(), layers);
 }
 
-TEST_F(DemoServer, ZoomedInTheParcelsShowTheirClassColours)
-{
-    ASSERT_TRUE(showLoaded());
-    ASSERT_TRUE(zoomToTheCentre());
-    const layer* parcels = viewer.Layers().Find(102);
-    ASSERT_EQ(parcels->Nombre, "Predios");
-    ASSERT_FALSE(parcels->DrawnIDs().empty());
-
-    // Streets and places may cover a few centroids; nearly all must show the fill.
-    const QImage picture = viewer.grab().toImage();
-    int probed = 0;
-    int filled = 0;
-    std::set<std::int32_t> classes;
-    for (const std::int32_t id : parcels->DrawnIDs()) {
-        const Entidad& parcel = *parcels->Entidades.Find(id);
-        MapPoint plane;
-        ASSERT_TRUE(viewer.viewport().project(parcel.Centroide().X, parcel.Centroide().Y, plane));
-        const QPoint pixel(static_cast<int>(viewer.viewport().WorldToScreenX(plane.x)),
-                           static_cast<int>(viewer.viewport().WorldToScreenY(plane.y)));
-        if (!picture.rect().contains(pixel)) {
-            continue;
-        }
-        const Theme& theme = *parcels->ThematicMap().Item(parcel.ThemeCode);
-        ++probed;
-        classes.insert(parcel.ThemeCode);
-        filled += picture.pixelColor(pixel) == olecolor::toQColor(static_cast<std::uint32_t>(theme.FillColor),
-                                                                   viewer.palette());
-    }
-    ASSERT_GT(probed, 20);
-    // The land-use values arrived: the parcels fall into several classes.
-    EXPECT_GE(classes.size(), 3u);
-    EXPECT_GT(filled, probed * 8 / 10) << filled << " of " << probed;
-}
-
 // Text pixels: dark and grey, as the street names are written; nothing else
 // on the map is that dark once the places are hidden.
 int textPixelsAround(const QImage& picture, QPoint centre, int reach)
