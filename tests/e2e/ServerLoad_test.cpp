@@ -102,24 +102,6 @@ protected:
     Viewer viewer;
 };
 
-TEST_F(DemoServer, SantiagoLoadsItsLayersAndTheCellsOfTheFirstView)
-{
-    ASSERT_TRUE(showLoaded());
-    EXPECT_EQ(viewer.Nombre(), "Santiago");
-    ASSERT_GE(viewer.Layers().count(), 1);
-    EXPECT_TRUE(viewer.viewport().viewReady());
-    int entities = 0;
-    for (const layer& mapLayer : viewer.Layers()) {
-        EXPECT_EQ(mapLayer.AccessLevel, ALDraw) << mapLayer.Nombre;
-        EXPECT_EQ(mapLayer.ThematicMap().Item(1)->min, "MICanyMIC");
-        entities += mapLayer.Entidades.count();
-    }
-    EXPECT_GT(entities, 0);
-    for (const ShownMessage& box : ui.messages()) {
-        EXPECT_NE(box.text, "Acceso Denegado");
-    }
-}
-
 int entitiesOf(const Layers& layers)
 {
     int entities = 0;
