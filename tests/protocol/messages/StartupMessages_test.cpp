@@ -57,12 +57,6 @@ TEST(StartupMessages, ARefusedLoginIsItsUserIdAlone)
     EXPECT_FALSE(decodeWhole<LoginAnswer>(bytes).accepted());
 }
 
-TEST(StartupMessages, AccessRequestHasTheWireLayout)
-{
-    const Bytes expected = {'M', 'I', 'C', ' ', 18, 0, 0, 0, 10, 0, 3, 0, 0, 0, 0xF4, 1, 0, 0};
-    EXPECT_EQ(buildMessage(AccessRequest{3, 500}).buffer(), expected);
-}
-
 // Wire fields by type: Integer, Long, Single and String.
 struct Integer { std::int16_t value; };
 struct Long { std::int32_t value; };
