@@ -91,25 +91,6 @@ TEST(StartupMessages, MapDefinitionReadsFieldsInWireOrder)
     EXPECT_EQ(decodeWhole<MapDefinition>(message.buffer()), expected);
 }
 
-TEST(StartupMessages, NegativeAndOverstatedCountsAreSafe)
-{
-    // A layer access levels request for user 3 whose count is followed by the given layers.
-    const auto request = [](std::int16_t count, std::initializer_list<std::int32_t> layers) {
-        DWBUffer message;
-        message.CrearHeader();
-        message.PutInteger(codeNumber(CommandCode::LayerAccessLevelsRequest));
-        message.PutLong(3);
-        message.PutInteger(count);
-        for (const std::int32_t layer : layers) {
-            message.PutLong(layer);
-        }
-        message.cerrarMensaje(0);
-        return message.buffer();
-    };
-    EXPECT_TRUE(decodeWhole<LayerAccessLevelsRequest>(request(-5, {})).layers.empty());
-    EXPECT_THROW(decodeWhole<LayerAccessLevelsRequest>(request(32767, {7})), WireReadError);
-}
-
 TEST(StartupMessages, ListsLongerThanTheirCountFieldAreRefused)
 {
     LayerAccessLevelsRequest request;
