@@ -28,20 +28,6 @@ constexpr int kLoadMilliseconds = 30'000;
 constexpr std::int32_t kAdministrator = 1;
 constexpr std::int32_t kSantiago = 1;
 
-// Shows Santiago to the administrator and waits until every reply is in.
-bool showMap(Viewer& viewer, ScriptedUiServices& ui, quint16 port)
-{
-    viewer.setUiServices(ui);
-    viewer.resize(640, 480);
-    viewer.setURL(QStringLiteral("127.0.0.1"));
-    viewer.setPort(port);
-    viewer.setIDUser(kAdministrator);
-    viewer.setMapCode(kSantiago);
-    viewer.show();
-    return QTest::qWaitFor([&] { return viewer.layerscargados() && viewer.PendingRequests() == 0; },
-                           kLoadMilliseconds);
-}
-
 // orbelan-server serving the Santiago demo map from a store of its own.
 class DemoServer : public ::testing::Test {
 protected:
@@ -53,23 +39,25 @@ protected:
         demo.start(kServer, {"demo", "--db", store, "--offline", "--data", folder.path()});
         ASSERT_TRUE(demo.waitForFinished(kProgramMilliseconds));
         ASSERT_EQ(demo.exitCode(), 0) << demo.readAll().toStdString();
-        serve(0);
+        serve(store);
         ASSERT_NE(port, 0);
     }
 
-    void TearDown() override { stop(); }
+    void TearDown() override
+    {
+        server.kill();
+        server.waitForFinished();
+    }
 
-    // Starts serving the store on the port (0: a free one) and learns the port.
-    void serve(quint16 wanted)
+    // Starts serving the store on a free port and learns the port.
+    void serve(const QString& store)
     {
         server.setProcessChannelMode(QProcess::MergedChannels);
         // The viewers here are given a user id and do not log in: the
         // server believes it.
-        server.start(kServer, {"serve", "--db", folder.filePath(QStringLiteral("demo.sqlite")), "--port",
-                               QString::number(wanted), "--trust-user-ids"});
+        server.start(kServer, {"serve", "--db", store, "--port", "0", "--trust-user-ids"});
         const QRegularExpression listening(QStringLiteral("listening on 127\\.0\\.0\\.1:(\\d+)"));
         QString log;
-        port = 0;
         while (port == 0 && server.waitForReadyRead(kProgramMilliseconds)) {
             log += QString::fromUtf8(server.readAll());
             if (const auto found = listening.match(log); found.hasMatch()) {
@@ -79,13 +67,19 @@ protected:
         EXPECT_NE(port, 0) << log.toStdString();
     }
 
-    void stop()
+    // Shows Santiago to the administrator and waits until every reply is in.
+    bool showLoaded()
     {
-        server.kill();
-        server.waitForFinished();
+        viewer.setUiServices(ui);
+        viewer.resize(640, 480);
+        viewer.setURL(QStringLiteral("127.0.0.1"));
+        viewer.setPort(port);
+        viewer.setIDUser(kAdministrator);
+        viewer.setMapCode(kSantiago);
+        viewer.show();
+        return QTest::qWaitFor([&] { return viewer.layerscargados() && viewer.PendingRequests() == 0; },
+                               kLoadMilliseconds);
     }
-
-    bool showLoaded() { return showMap(viewer, ui, port); }
 
     // Zooms to a few blocks of the centre and waits for their cells.
     static constexpr const char* kCentre = "-70.67 -33.46 -70.66 -33.452";
@@ -102,126 +96,15 @@ protected:
     Viewer viewer;
 };
 
-TEST_F(DemoServer, SantiagoLoadsItsLayersAndTheCellsOfTheFirstView)
+// Hidden, the control lets the map go; shown again, it loads it anew.
+TEST_F(DemoServer, HiddenTheControlLetsTheMapGoAndShownAgainLoadsItAnew)
 {
     ASSERT_TRUE(showLoaded());
-    EXPECT_EQ(viewer.Nombre(), "Santiago");
-    ASSERT_GE(viewer.Layers().count(), 1);
-    EXPECT_TRUE(viewer.viewport().viewReady());
-    int entities = 0;
-    for (const layer& mapLayer : viewer.Layers()) {
-        EXPECT_EQ(mapLayer.AccessLevel, ALDraw) << mapLayer.Nombre;
-        EXPECT_EQ(mapLayer.ThematicMap().Item(1)->min, "MICanyMIC");
-        entities += mapLayer.Entidades.count();
-    }
-    EXPECT_GT(entities, 0);
-    for (const ShownMessage& box : ui.messages()) {
-        EXPECT_NE(box.text, "Acceso Denegado");
-    }
-}
-
-int entitiesOf(const Layers& layers)
-{
-    int entities = 0;
-    for (const layer& mapLayer : layers) {
-        entities += mapLayer.Entidades.count();
-    }
-    return entities;
-}
-
-// With the server gone each pan tells the failure once, forgets its requests
-// and keeps the map drawn; once the server is back on its port, a pan asks for
-// access again and then for the new cells.
-TEST_F(DemoServer, TheSessionSurvivesTheServerGoingAwayAndComingBack)
-{
-    ASSERT_TRUE(showLoaded());
-    ASSERT_TRUE(zoomToTheCentre());
-    const layer& parcels = *viewer.Layers().Find(102);
-    const int loaded = entitiesOf(viewer.Layers());
     const int layers = viewer.Layers().count();
-    const quint16 servedOn = port;
-    stop();
-    // Lets the control see its connection close.
-    QTest::qWait(200);
-    // East onto new cells, back to the loaded centre (nothing to ask), west
-    // onto new cells: one failure message for each view that asked.
-    const std::array<std::pair<double, std::size_t>, 3> pans = {{{-70.65, 1}, {-70.67, 1}, {-70.70, 2}}};
-    for (const auto& [west, messages] : pans) {
-        viewer.SetView(west, -33.46, west + 0.01, -33.452);
-        QTest::qWait(10);
-        EXPECT_EQ(ui.messages().size(), messages) << west;
-        EXPECT_EQ(viewer.PendingRequests(), 0);
-        EXPECT_EQ(viewer.statusText(), "");
-        if (west == -70.67) {
-            EXPECT_FALSE(parcels.DrawnIDs().empty());
-        }
-    }
-    EXPECT_TRUE(ui.messages().back().text.startsWith("Error: Unable to connect to map server."));
-
-    serve(servedOn);
-    ASSERT_EQ(port, servedOn);
-    // The west view asked in vain while the server was away: now it loads.
-    viewer.SetView(-70.70, -33.46, -70.69, -33.452);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return viewer.isIdle(); }, kLoadMilliseconds));
-    EXPECT_GT(entitiesOf(viewer.Layers()), loaded);
-    EXPECT_EQ(viewer.Layers().count(), layers);
-    EXPECT_EQ(ui.messages().size(), 2u);
-    EXPECT_EQ(viewer.statusText(), "");
-
-    // Hidden, the control lets the map go; shown again, it loads it anew.
     viewer.hide();
     EXPECT_EQ(viewer.Layers().count(), 0);
     ASSERT_TRUE(showLoaded());
     EXPECT_EQ(viewer.Layers().count(), layers);
-}
-
-TEST_F(DemoServer, ZoomedInTheParcelsShowTheirClassColours)
-{
-    ASSERT_TRUE(showLoaded());
-    ASSERT_TRUE(zoomToTheCentre());
-    const layer* parcels = viewer.Layers().Find(102);
-    ASSERT_EQ(parcels->Nombre, "Predios");
-    ASSERT_FALSE(parcels->DrawnIDs().empty());
-
-    // Streets and places may cover a few centroids; nearly all must show the fill.
-    const QImage picture = viewer.grab().toImage();
-    int probed = 0;
-    int filled = 0;
-    std::set<std::int32_t> classes;
-    for (const std::int32_t id : parcels->DrawnIDs()) {
-        const Entidad& parcel = *parcels->Entidades.Find(id);
-        MapPoint plane;
-        ASSERT_TRUE(viewer.viewport().project(parcel.Centroide().X, parcel.Centroide().Y, plane));
-        const QPoint pixel(static_cast<int>(viewer.viewport().WorldToScreenX(plane.x)),
-                           static_cast<int>(viewer.viewport().WorldToScreenY(plane.y)));
-        if (!picture.rect().contains(pixel)) {
-            continue;
-        }
-        const Theme& theme = *parcels->ThematicMap().Item(parcel.ThemeCode);
-        ++probed;
-        classes.insert(parcel.ThemeCode);
-        filled += picture.pixelColor(pixel) == olecolor::toQColor(static_cast<std::uint32_t>(theme.FillColor),
-                                                                   viewer.palette());
-    }
-    ASSERT_GT(probed, 20);
-    // The land-use values arrived: the parcels fall into several classes.
-    EXPECT_GE(classes.size(), 3u);
-    EXPECT_GT(filled, probed * 8 / 10) << filled << " of " << probed;
-}
-
-// Text pixels: dark and grey, as the street names are written; nothing else
-// on the map is that dark once the places are hidden.
-int textPixelsAround(const QImage& picture, QPoint centre, int reach)
-{
-    int count = 0;
-    const QRect area = QRect(centre - QPoint(reach, reach), centre + QPoint(reach, reach)) & picture.rect();
-    for (int y = area.top(); y <= area.bottom(); ++y) {
-        for (int x = area.left(); x <= area.right(); ++x) {
-            const QColor color = picture.pixelColor(x, y);
-            count += std::max({color.red(), color.green(), color.blue()}) < 100 ? 1 : 0;
-        }
-    }
-    return count;
 }
 
 // The relief the demo wrote beside its store covers the city under the
@@ -253,56 +136,18 @@ TEST_F(DemoServer, TheShadedReliefDrawsFromTheFolderTheDemoWroteItTo)
     EXPECT_LT(coloured(), 0.02);
 }
 
-TEST_F(DemoServer, AtStreetLevelEachStreetNameIsWrittenOnceBesideItsFirstBlockNotBefore)
-{
-    // Where the first-drawn placement writes each name.
-    viewer.setLabelPlacement(0);
-    ASSERT_TRUE(showLoaded());
-    // Dark pixels near a street are its name: no scale bar text among them.
-    viewer.setScaleBar(false);
-    layer& places = *viewer.Layers().Find(103);
-    layer& streets = *viewer.Layers().Find(101);
-    ASSERT_EQ(streets.Nombre, "Calles");
-    // The whole city is too far out for street names.
-    EXPECT_FALSE(streets.lblVisible);
-    places.setUserVisibility(0);
-    ASSERT_TRUE(zoomToTheCentre());
-    ASSERT_TRUE(streets.lblVisible);
-    ASSERT_GT(streets.Labels().count(), 3);
-
-    std::set<std::int32_t> named;
-    std::vector<QPoint> anchors;
-    for (const std::int32_t id : streets.DrawnIDs()) {
-        const Entidad& block = *streets.Entidades.Find(id);
-        const auto screen = block.ScreenPoints();
-        if (block.IDLabel == 0 || !named.insert(block.IDLabel).second || screen.size() < 2) {
-            continue;
-        }
-        const QPoint anchor((QPointF(screen[0].X, screen[0].Y) + QPointF(screen[1].X, screen[1].Y)).toPoint() / 2);
-        if (viewer.rect().contains(anchor)) {
-            anchors.push_back(anchor);
-        }
-    }
-    ASSERT_GT(anchors.size(), 3u);
-    const auto written = [&anchors](const QImage& picture) {
-        return std::ranges::count_if(anchors, [&](QPoint anchor) { return textPixelsAround(picture, anchor, 12) > 5; });
-    };
-    const auto probed = static_cast<std::ptrdiff_t>(anchors.size());
-    EXPECT_GT(written(viewer.grab().toImage()), probed * 8 / 10) << probed << " names";
-
-    streets.setUserLabelVisibility(0);
-    viewer.Redraw();
-    // The company name in its corner may stand beside one of them.
-    EXPECT_LE(written(viewer.grab().toImage()), probed / 10);
-}
-
-TEST_F(DemoServer, OneWayStreetsGetTheirDirectionsOnceDirectionMarksAreOn)
+// The whole city is too far out for street names; at street level the
+// streets get them, and their one-way directions once direction marks are on.
+TEST_F(DemoServer, AtStreetLevelTheStreetsGetTheirNamesAndDirections)
 {
     ASSERT_TRUE(showLoaded());
     layer& streets = *viewer.Layers().Find(101);
     ASSERT_EQ(streets.DirectionField, "DIR");
+    EXPECT_FALSE(streets.lblVisible);
     streets.setUserDirectionVisibility(2);
     ASSERT_TRUE(zoomToTheCentre());
+    EXPECT_TRUE(streets.lblVisible);
+    EXPECT_GT(streets.Labels().count(), 3);
     std::set<std::int16_t> directions;
     for (const std::int32_t id : streets.DrawnIDs()) {
         directions.insert(streets.Entidades.Find(id)->Direction);
@@ -390,57 +235,6 @@ TEST_F(DemoServer, TheHeadlessHostSelectsThreeParcelsByAPolygon)
     const QColor highlight = olecolor::toQColor(0xC0C000, viewer.palette());
     EXPECT_EQ(picture.pixelColor(middle(0)), highlight);
     EXPECT_NE(picture.pixelColor(middle(3)), highlight);
-}
-
-// The values of one parcel (roll number, use, area), learned from the server.
-QStringList valuesOf(Viewer& viewer, std::int32_t parcel)
-{
-    QStringList values;
-    const auto connection = QObject::connect(
-        &viewer, &Viewer::InfoArrival,
-        [&](int, int, const QStringList&, const QList<int>&, const QStringList& arrived) { values = arrived; });
-    viewer.GetInfo(102, parcel, true);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return !values.isEmpty(); }, kLoadMilliseconds));
-    QObject::disconnect(connection);
-    return values;
-}
-
-// One viewer picks a parcel by its roll number, changes its use in the
-// information grid (tries a use, undoes it, applies another) and sends the
-// update; both viewers of the map then hold the new use and draw its class
-// without asking.
-TEST_F(DemoServer, AnUpdateFromTheGridReachesEveryViewerOfTheMap)
-{
-    ASSERT_TRUE(showLoaded());
-    ASSERT_TRUE(zoomToTheCentre());
-    ScriptedUiServices secondUi;
-    Viewer second;
-    ASSERT_TRUE(showMap(second, secondUi, port));
-    second.SetView(-70.67, -33.46, -70.66, -33.452);
-    ASSERT_TRUE(QTest::qWaitFor([&] { return second.isIdle(); }, kLoadMilliseconds));
-    const layer& parcels = *viewer.Layers().Find(102);
-    ASSERT_FALSE(parcels.DrawnIDs().empty());
-    const std::int32_t parcel = parcels.DrawnIDs().front();
-    const QString roll = valuesOf(viewer, parcel).value(0);
-    ASSERT_FALSE(roll.isEmpty());
-    const QString newUse = parcels.Entidades.Find(parcel)->ThemeValue == "Industrial" ? QStringLiteral("Comercial")
-                                                                                       : QStringLiteral("Industrial");
-
-    ui.queueDialog({"dlgSelect", {{"optNoPol", "1"}}, "OKButton"});
-    ui.queueDialog({"dlgShowInfoElements", {{"grdInfoElements", "0,2,dblclick"}, {"txtValue", "Educación"}}, "cmdOK"});
-    ui.queueDialog({"dlgShowInfoElements", {}, "UndoUpdate"});
-    ui.queueDialog({"dlgShowInfoElements", {{"grdInfoElements", "0,2,dblclick"}, {"txtValue", newUse}}, "cmdOK"});
-    ui.queueDialog({"dlgShowInfoElements", {}, "cmdUpdate"});
-    viewer.MultipleSelect(false, 0, 0, 102, {"ROL"}, {1}, {roll}, {""});
-    for (Viewer* each : {&viewer, &second}) {
-        const layer& held = *each->Layers().Find(102);
-        EXPECT_TRUE(QTest::qWaitFor([&] { return held.Entidades.Find(parcel)->ThemeValue == newUse.toStdString(); },
-                                    kLoadMilliseconds));
-        const Theme& theme = *held.ThematicMap().Item(held.Entidades.Find(parcel)->ThemeCode);
-        EXPECT_EQ(theme.min, newUse.toStdString());
-    }
-    EXPECT_EQ(valuesOf(second, parcel).value(1), newUse);
-    EXPECT_EQ(ui.queuedDialogs(), 0u);
 }
 
 // A user restyles the parcels by land use: the dialog asks the server for

@@ -48,6 +48,9 @@ TEST(layerVisibility, UserLevelsOverrideTheZoomButNotTheAccess)
     map.setUserVisibility(3);
     EXPECT_EQ(map.UserVisibility(), 1);
     map.setUserVisibility(0);
+    EXPECT_FALSE(map.CalculateVisibility());
+    // Always shown, but not without access; the labels need none.
+    map.setUserVisibility(2);
     map.setUserLabelVisibility(2);
     map.AccessLevel = orbelan::ALNoAccess;
     EXPECT_FALSE(map.CalculateVisibility());

@@ -51,15 +51,4 @@ TEST(CommandCatalogue, ARequestAndItsReplyAreCountedAlike)
     EXPECT_EQ(replied, 14);
 }
 
-TEST(CommandCatalogue, LookupByNumber)
-{
-    EXPECT_EQ(findCommand(250)->code, CommandCode::ElementChangeNotification);
-    EXPECT_FALSE(findCommand(250)->counted);
-    EXPECT_EQ(findCommand(100), nullptr);
-    EXPECT_EQ(findCommand(3), nullptr);
-    EXPECT_TRUE(isCounted(CommandCode::AccessRequest));
-    EXPECT_FALSE(isCounted(CommandCode::Login));
-    EXPECT_FALSE(isCounted(CommandCode::NoAction107));
-}
-
 } // namespace

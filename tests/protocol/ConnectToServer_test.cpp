@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 using namespace orbelan;
 using namespace orbelan::nettest;
 using namespace std::chrono_literals;
@@ -16,17 +18,6 @@ namespace {
 const QString kLoopback = QStringLiteral("127.0.0.1");
 
 } // namespace
-
-TEST(ConnectToServer, OpensAClosedSocketToTheGivenHostAndPort)
-{
-    LoopbackServer server;
-    Socket socket;
-    EXPECT_TRUE(ConnectToServer(socket, kLoopback, server.port()));
-    EXPECT_EQ(socket.State(), kSocketConnected);
-    EXPECT_EQ(socket.RemoteHost(), kLoopback);
-    EXPECT_EQ(socket.RemotePort(), server.port());
-    EXPECT_TRUE(server.waitForConnections(1));
-}
 
 TEST(ConnectToServer, FailsAtTheErrorNotAtTheLimitAndTriesAgainLater)
 {
@@ -55,7 +46,7 @@ TEST(ConnectToServer, ASocketAlreadyUnderWayIsOnlyWaitedFor)
 
     EXPECT_TRUE(ConnectToServer(socket, kLoopback, other.port()));
     EXPECT_TRUE(ConnectToServer(socket, kLoopback, other.port()));
-    EXPECT_EQ(socket.RemotePort(), server.port());
+    EXPECT_EQ(std::pair(socket.RemoteHost(), socket.RemotePort()), std::pair(kLoopback, server.port()));
     ASSERT_TRUE(server.waitForConnections(1));
     EXPECT_EQ(server.connectionCount(), 1);
     EXPECT_EQ(other.connectionCount(), 0);

@@ -103,16 +103,6 @@ TEST(DWBUfferWriting, ATextTooLongForTheWireLeavesTheMessageIntact)
     EXPECT_EQ(message.TamanoBuffer(), size);
 }
 
-TEST(DWBUfferWriting, AppendingToAnEmptyBufferCreatesTheHeaderFirst)
-{
-    DWBUffer message;
-    EXPECT_EQ(message.TamanoBuffer(), 0);
-    const std::uint8_t payload[] = {9, 8, 7};
-    message.Add2Buffer(payload);
-    EXPECT_EQ(message.buffer(), (Bytes{'M', 'I', 'C', ' ', 0, 0, 0, 0, 9, 8, 7}));
-    EXPECT_EQ(message.readPosition(), 1);
-}
-
 TEST(DWBUfferWriting, ClosingWritesOnlyTheLengthField)
 {
     DWBUffer message(kGolden);

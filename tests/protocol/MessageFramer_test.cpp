@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <tuple>
 #include <vector>
 
 using orbelan::Arrival;
@@ -69,21 +68,6 @@ TEST(FramerChunking, AStreamCutAtAnyTwoPointsGivesTheSameMessages)
             EXPECT_EQ(framer.pendingBytes(), 0u);
         }
     }
-}
-
-TEST(FramerArrivals, AMessageInThreeChunksIsCutOnceAfterTheThird)
-{
-    MessageFramer framer;
-    const Bytes& whole = kThree[2];
-    const Arrival first = framer.feed(slice(whole, 0, 12));
-    const Arrival second = framer.feed(slice(whole, 12, 30));
-    const Arrival third = framer.feed(slice(whole, 30, whole.size()));
-    EXPECT_TRUE(first.messages.empty() && second.messages.empty());
-    EXPECT_EQ(messagesOf(third), std::vector<Bytes>{whole});
-    EXPECT_EQ(std::tuple(first.chunk, second.chunk, third.chunk), std::tuple(1u, 2u, 3u));
-    EXPECT_TRUE(second.receiving);
-    EXPECT_FALSE(third.receiving);
-    EXPECT_EQ(framer.feed(kThree[0]).chunk, 1u);
 }
 
 TEST(FramerArrivals, AMessageFollowedByAPartialHeaderKeepsThePartForLater)

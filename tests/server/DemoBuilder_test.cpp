@@ -22,6 +22,7 @@
 #include <algorithm>
 #include <set>
 #include <sstream>
+#include <tuple>
 
 using namespace orbelan;
 using namespace orbelan::server;
@@ -61,7 +62,7 @@ TEST_F(DemoBuild, SantiagoHasTheStreetsParcelsAndPlacesOfACity)
     MapReader reader(database);
     const auto map = reader.mapDefinition(SantiagoGenerator::kMapCode);
     ASSERT_TRUE(map);
-    EXPECT_EQ(map->projection, 81);
+    EXPECT_EQ(std::tuple(map->name, map->projection), std::tuple("Santiago", 81));
     ASSERT_EQ(map->layers.size(), 4u);
     // The shaded relief lies under the parcels, and the streets over both.
     EXPECT_EQ(map->layers[0].type, 5);

@@ -113,21 +113,6 @@ TEST_F(MapServerTest, CellsCarryGeometryAndValuesWithinACentimetre)
     EXPECT_EQ(labels->references, refs);
 }
 
-// Also the cached cell replies: each cell of the box is answered for itself.
-TEST_F(MapServerTest, ALargePolygonIsServedInEveryCellOfItsBox)
-{
-    auto client = admitted(1);
-    int served = 0;
-    for (std::int32_t row = 5651; row <= 5658; ++row) {
-        for (std::int32_t column = 10930; column <= 10935; ++column) {
-            const auto cell = client->ask<CellGeometry>(CellGeometryRequest{SampleStore::kBlocks, row, column});
-            ASSERT_TRUE(cell);
-            served += static_cast<int>(cell->elements.size());
-        }
-    }
-    EXPECT_EQ(served, 24);
-}
-
 // Each of these still gets exactly one reply, in order, so a client that
 // counts replies is never left waiting.
 TEST_F(MapServerTest, UnknownOrForbiddenRequestsGetOneEmptyReplyEach)

@@ -148,4 +148,32 @@ TEST_F(ViewerDrawing, AnotherProjectionRedrawsFromTheVerticesNotFromTheLastPictu
     EXPECT_EQ(projected.pixel(150, 100), kRed);
 }
 
+// Placement 0 writes a line's name where the line is first drawn, on its
+// first segment (the others would put it near the centre), and nothing once
+// the layer's labels are hidden. The line is as white as the background.
+TEST_F(ViewerDrawing, PlacementZeroNamesALineOnItsFirstSegment)
+{
+    viewer.setLabelPlacement(0);
+    layer& streets = addLayer(1, polylinelayer, 0xFFFFFF);
+    streets.Loaded = true;
+    streets.setUserLabelVisibility(2);
+    const std::vector<Vertex> street = {{-9, 3}, {-5, 3}, {9, -4}};
+    streets.Entidades.AddEntity(1, street, streets).IDLabel = streets.GetLabelIndex("Alameda");
+    // Dark pixels around (-7, 3), pixel (60, 40).
+    const auto written = [this] {
+        viewer.Redraw();
+        const QImage picture = viewer.grab().toImage();
+        int dark = 0;
+        for (int y = 28; y < 52; ++y) {
+            for (int x = 36; x < 84; ++x) {
+                dark += qGray(picture.pixel(x, y)) < 100 ? 1 : 0;
+            }
+        }
+        return dark;
+    };
+    EXPECT_GT(written(), 5);
+    streets.setUserLabelVisibility(0);
+    EXPECT_EQ(written(), 0);
+}
+
 } // namespace

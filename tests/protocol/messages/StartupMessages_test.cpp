@@ -57,12 +57,6 @@ TEST(StartupMessages, ARefusedLoginIsItsUserIdAlone)
     EXPECT_FALSE(decodeWhole<LoginAnswer>(bytes).accepted());
 }
 
-TEST(StartupMessages, AccessRequestHasTheWireLayout)
-{
-    const Bytes expected = {'M', 'I', 'C', ' ', 18, 0, 0, 0, 10, 0, 3, 0, 0, 0, 0xF4, 1, 0, 0};
-    EXPECT_EQ(buildMessage(AccessRequest{3, 500}).buffer(), expected);
-}
-
 // Wire fields by type: Integer, Long, Single and String.
 struct Integer { std::int16_t value; };
 struct Long { std::int32_t value; };
@@ -95,25 +89,6 @@ TEST(StartupMessages, MapDefinitionReadsFieldsInWireOrder)
     MapDefinition expected = santiagoLike();
     expected.layers.pop_back();
     EXPECT_EQ(decodeWhole<MapDefinition>(message.buffer()), expected);
-}
-
-TEST(StartupMessages, NegativeAndOverstatedCountsAreSafe)
-{
-    // A layer access levels request for user 3 whose count is followed by the given layers.
-    const auto request = [](std::int16_t count, std::initializer_list<std::int32_t> layers) {
-        DWBUffer message;
-        message.CrearHeader();
-        message.PutInteger(codeNumber(CommandCode::LayerAccessLevelsRequest));
-        message.PutLong(3);
-        message.PutInteger(count);
-        for (const std::int32_t layer : layers) {
-            message.PutLong(layer);
-        }
-        message.cerrarMensaje(0);
-        return message.buffer();
-    };
-    EXPECT_TRUE(decodeWhole<LayerAccessLevelsRequest>(request(-5, {})).layers.empty());
-    EXPECT_THROW(decodeWhole<LayerAccessLevelsRequest>(request(32767, {7})), WireReadError);
 }
 
 TEST(StartupMessages, ListsLongerThanTheirCountFieldAreRefused)
