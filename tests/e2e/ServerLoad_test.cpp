@@ -288,6 +288,13 @@ TEST_F(DemoServer, LayerSetupClassifiesTheParcelsByTheServersStatistics)
         EXPECT_LE(std::stod(classes.Item(parcel.ThemeCode)->min), area);
         EXPECT_GE(std::stod(classes.Item(parcel.ThemeCode)->max), area);
     }
+
+    // A label field chosen for the parcels: their names in view are asked for.
+    ui.queueDialog({"dlgLayerSetup", {{"cbLblField", "ROL"}, {"cbLblVisible", "On"}}, "OKButton"});
+    viewer.LayerSetup(102);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return ui.queuedDialogs() == 0 && viewer.isIdle(); }, kLoadMilliseconds));
+    EXPECT_EQ(parcels.lblField, "ROL");
+    EXPECT_NE(parcels.Entidades.Find(parcels.DrawnIDs().front())->IDLabel, 0);
 }
 
 } // namespace
