@@ -52,29 +52,33 @@ void PixelLines::blend(int x, int y, int coverage)
     pixels_.blend(x, y, color_, coverage);
 }
 
-void PixelLines::smoothLine(QPoint from, QPoint to)
+namespace {
+
+int nearest(double value) { return static_cast<int>(std::floor(value + 0.5)); }
+
+} // namespace
+
+// One step per pixel along the longer axis, from the pixel of one end to
+// that of the other, the line's height at the step parted between the two
+// pixels across it.
+void PixelLines::smoothLine(QPointF from, QPointF to)
 {
     const bool steep = std::abs(to.y() - from.y()) > std::abs(to.x() - from.x());
     // Along the longer axis as "x", across it as "y".
-    int x0 = steep ? from.y() : from.x();
-    int y0 = steep ? from.x() : from.y();
-    int x1 = steep ? to.y() : to.x();
-    int y1 = steep ? to.x() : to.y();
-    if (x0 > x1) {
-        std::swap(x0, x1);
-        std::swap(y0, y1);
+    QPointF start = steep ? QPointF(from.y(), from.x()) : from;
+    QPointF end = steep ? QPointF(to.y(), to.x()) : to;
+    if (start.x() > end.x()) {
+        std::swap(start, end);
     }
-    const int length = x1 - x0;
-    if (length == 0) {
-        dot(from);
-        return;
-    }
-    // Fixed point, 8 bits of fraction.
-    const int slope = ((y1 - y0) * 256) / length;
-    int across = y0 * 256;
-    for (int along = x0; along <= x1; ++along, across += slope) {
-        const int whole = across >> 8;
-        const int share = across & 0xFF;
+    const int first = nearest(start.x());
+    const int last = nearest(end.x());
+    const double run = end.x() - start.x();
+    const double slope = run > 0 ? (end.y() - start.y()) / run : 0;
+    double across = start.y() + (first - start.x()) * slope;
+    for (int along = first; along <= last; ++along, across += slope) {
+        const double below = std::floor(across);
+        const int whole = static_cast<int>(below);
+        const int share = static_cast<int>((across - below) * 256);
         if (steep) {
             blend(whole, along, 256 - share);
             blend(whole + 1, along, share);

@@ -4,6 +4,7 @@
 
 #include <QImage>
 #include <QPoint>
+#include <QPointF>
 
 #include <cstdint>
 
@@ -29,7 +30,8 @@ public:
     void setColor(QRgb color) { color_ = color; }
     void line(QPoint from, QPoint to);
     void dot(QPoint at);
-    void smoothLine(QPoint from, QPoint to);
+    // From and to anywhere within their pixels, pixel centres at whole numbers.
+    void smoothLine(QPointF from, QPointF to);
 
 private:
     bool contains(QPoint at) const { return pixels_.contains(at.x(), at.y()); }

@@ -146,6 +146,7 @@ QImage& QtMapCanvas::settable(QImage& picture)
 void QtMapCanvas::setAntialiasing(bool on)
 {
     flushLines();
+    clearRun();
     centreOnPixels(false);
     smooth_ = on;
     painter_.setRenderHint(QPainter::Antialiasing, on);
@@ -311,7 +312,16 @@ void QtMapCanvas::addPixel(double x, double y)
     const QPoint pixel(pixelOf(x), pixelOf(y));
     if (pixels_.empty() || pixels_.back() != pixel) {
         pixels_.push_back(pixel);
+        if (smooth_) {
+            exact_.emplace_back(x, y);
+        }
     }
+}
+
+void QtMapCanvas::clearRun()
+{
+    pixels_.clear();
+    exact_.clear();
 }
 
 void QtMapCanvas::DrawPoints(std::span<const ScreenPoint> points, const Theme& theme)
@@ -325,13 +335,14 @@ void QtMapCanvas::DrawPoints(std::span<const ScreenPoint> points, const Theme& t
     flushLines();
     restorePainterPen();
     centreOnPixels(true);
-    pixels_.clear();
+    clearRun();
     for (const ScreenPoint& point : points) {
         if (finite(point) && inside(point.X, point.Y)) {
             pixels_.emplace_back(pixelOf(point.X), pixelOf(point.Y));
         }
     }
     painter_.drawPoints(pixels_.data(), static_cast<int>(pixels_.size()));
+    clearRun();
 }
 
 void QtMapCanvas::DrawPolyline(std::span<const ScreenPoint> points, const Theme& theme, bool setLineStyle)
@@ -350,7 +361,7 @@ void QtMapCanvas::DrawPolyline(std::span<const ScreenPoint> points, const Theme&
     }
     setPen(theme.DrawColor, lineStyle_, lineWidth_);
     setMargin(lineWidth_);
-    pixels_.clear();
+    clearRun();
     for (std::size_t k = 1; k < points.size(); ++k) {
         lineTo(points[k - 1], points[k]);
     }
@@ -403,12 +414,12 @@ void QtMapCanvas::endRun()
 {
     if (writer_ != LineWriter::Painter) {
         if (pixels_.size() == 1) {
-            ownDot(pixels_.front());
+            ownDot(0);
         }
         for (std::size_t k = 1; k < pixels_.size(); ++k) {
-            ownLine(pixels_[k - 1], pixels_[k]);
+            ownLine(k - 1, k);
         }
-        pixels_.clear();
+        clearRun();
         return;
     }
     if (pixels_.size() == 1) {
@@ -417,7 +428,7 @@ void QtMapCanvas::endRun()
     for (std::size_t k = 1; k < pixels_.size(); ++k) {
         lines_.emplace_back(pixels_[k - 1], pixels_[k]);
     }
-    pixels_.clear();
+    clearRun();
     if (lines_.size() >= kBatch) {
         flushLines();
     }
@@ -452,7 +463,7 @@ void QtMapCanvas::DrawPolygon(std::span<const ScreenPoint> points, const Theme& 
     setBrush(theme.FillStyle, theme.FillColor);
     setPen(theme.DrawColor, lineStyle_, lineWidth_);
     setMargin(lineWidth_);
-    pixels_.clear();
+    clearRun();
     const bool small = std::all_of(points.begin(), points.end(),
                                    [this](const ScreenPoint& point) { return inside(point.X, point.Y); });
     if (small) {
@@ -473,6 +484,9 @@ void QtMapCanvas::DrawPolygon(std::span<const ScreenPoint> points, const Theme& 
     }
     if (pixels_.size() > 2 && pixels_.front() == pixels_.back()) {
         pixels_.pop_back();
+        if (smooth_) {
+            exact_.pop_back();
+        }
     }
     if (pixels_.size() >= 2) {
         fillAndOutline();
@@ -485,10 +499,9 @@ void QtMapCanvas::DrawPolygon(std::span<const ScreenPoint> points, const Theme& 
 // A solid outline of our own is set around a fill drawn without pen.
 void QtMapCanvas::fillAndOutline()
 {
-    const int count = static_cast<int>(pixels_.size());
     if (writer_ == LineWriter::Painter) {
         restorePainterPen();
-        painter_.drawPolygon(pixels_.data(), count, Qt::OddEvenFill);
+        fillRing();
         return;
     }
     if (!painterPenOff_) {
@@ -496,36 +509,48 @@ void QtMapCanvas::fillAndOutline()
         painterPenOff_ = true;
     }
     if (brush_.style() != Qt::NoBrush) {
-        painter_.drawPolygon(pixels_.data(), count, Qt::OddEvenFill);
+        fillRing();
     }
     for (std::size_t k = 0; k < pixels_.size(); ++k) {
-        ownLine(pixels_[k == 0 ? pixels_.size() - 1 : k - 1], pixels_[k]);
+        ownLine(k == 0 ? pixels_.size() - 1 : k - 1, k);
     }
 }
 
-void QtMapCanvas::ownLine(QPoint from, QPoint to)
+// Smooth drawing keeps the points where they fall within their pixels.
+void QtMapCanvas::fillRing()
+{
+    const int count = static_cast<int>(pixels_.size());
+    if (smooth_) {
+        painter_.drawPolygon(exact_.data(), count, Qt::OddEvenFill);
+    } else {
+        painter_.drawPolygon(pixels_.data(), count, Qt::OddEvenFill);
+    }
+}
+
+// From point to point of the run, by their places in it.
+void QtMapCanvas::ownLine(std::size_t from, std::size_t to)
 {
     if (writer_ == LineWriter::Wide) {
-        wide_.segment(inPicture(from), inPicture(to));
+        wide_.segment(inPicture(exact_[from]), inPicture(exact_[to]));
     } else if (smooth_) {
-        thin_.smoothLine(from, to);
+        thin_.smoothLine(exact_[from], exact_[to]);
     } else {
-        thin_.line(from, to);
+        thin_.line(pixels_[from], pixels_[to]);
     }
 }
 
-void QtMapCanvas::ownDot(QPoint at)
+void QtMapCanvas::ownDot(std::size_t at)
 {
     if (writer_ == LineWriter::Wide) {
-        wide_.segment(inPicture(at), inPicture(at));
+        wide_.segment(inPicture(exact_[at]), inPicture(exact_[at]));
     } else {
-        thin_.dot(at);
+        thin_.dot(pixels_[at]);
     }
 }
 
 // The centre of a surface pixel in the picture's own pixels, counted from the
 // centre of the first.
-QPointF QtMapCanvas::inPicture(QPoint at) const
+QPointF QtMapCanvas::inPicture(QPointF at) const
 {
     return {ratio_ * (at.x() + 0.5) - 0.5, ratio_ * (at.y() + 0.5) - 0.5};
 }

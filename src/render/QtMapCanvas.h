@@ -81,8 +81,9 @@ public:
     void setTextMetrics(const QFont& surfaceFont, int logicalDpiY);
 
     // Smooth drawing: lines, polygons, points and direction marks are drawn
-    // antialiased, centred on the pixels, and a solid
-    // fill keeps its exact colour wherever it covers a pixel whole. Off by
+    // antialiased, whole coordinates on pixel centres, and the vertices of
+    // lines and polygons where they fall within their pixels; a solid fill
+    // keeps its exact colour wherever it covers a pixel whole. Off by
     // default: whole pixels, as described above.
     void setAntialiasing(bool on);
     // The label fonts, which placement measures labels in.
@@ -113,9 +114,11 @@ private:
     void addClampedPixel(const QPointF& point);
     void lineTo(const ScreenPoint& from, const ScreenPoint& to);
     void endRun();
-    void ownLine(QPoint from, QPoint to);
-    void ownDot(QPoint at);
-    QPointF inPicture(QPoint at) const;
+    void clearRun();
+    void fillRing();
+    void ownLine(std::size_t from, std::size_t to);
+    void ownDot(std::size_t at);
+    QPointF inPicture(QPointF at) const;
     void flushLines();
     void fillAndOutline();
     void restorePainterPen();
@@ -149,6 +152,8 @@ private:
     bool painterPenOff_ = false;
     // Work space kept from one primitive to the next.
     std::vector<QPoint> pixels_;
+    // While drawing smoothly, the same points as they came, before rounding.
+    std::vector<QPointF> exact_;
     std::vector<QPointF> ring_;
     std::vector<QPointF> clipped_;
     // Line segments and single-pixel runs not yet drawn, all in the current pen.

@@ -29,6 +29,11 @@ void WideLines::segment(QPointF from, QPointF to)
     const double halfSpan = reach_ * std::sqrt(1 + slope * slope);
     const int alongLimit = steep ? pixels_.height() - 1 : pixels_.width() - 1;
     const int acrossLimit = steep ? pixels_.width() - 1 : pixels_.height() - 1;
+    // Pixels nearer than solid are covered whole; the square root is taken
+    // only for those between it and the reach.
+    const double solid = std::max(0.0, reach_ - 1);
+    const double solidSquared = solid * solid;
+    const double reachSquared = reach_ * reach_;
     const int first = std::max(0, static_cast<int>(std::ceil(a.x() - reach_)));
     const int last = std::min(alongLimit, static_cast<int>(std::floor(b.x() + reach_)));
     for (int u = first; u <= last; ++u) {
@@ -39,8 +44,9 @@ void WideLines::segment(QPointF from, QPointF to)
             const QPointF p = QPointF(u, v) - a;
             const double t = squaredLength > 0 ? std::clamp(QPointF::dotProduct(p, d) / squaredLength, 0.0, 1.0) : 0;
             const QPointF off = p - d * t;
-            const double coverage = reach_ - std::sqrt(QPointF::dotProduct(off, off));
-            if (coverage > 0) {
+            const double squared = QPointF::dotProduct(off, off);
+            if (squared < reachSquared) {
+                const double coverage = squared <= solidSquared ? 1 : reach_ - std::sqrt(squared);
                 steep ? cover(v, u, coverage) : cover(u, v, coverage);
             }
         }
@@ -53,7 +59,7 @@ void WideLines::cover(int x, int y, double coverage)
         coverage_.resize(static_cast<std::size_t>(pixels_.width()) * pixels_.height());
     }
     const int index = y * pixels_.width() + x;
-    const auto share = static_cast<std::uint8_t>(std::lround(std::min(coverage, 1.0) * 255));
+    const auto share = static_cast<std::uint8_t>(std::min(coverage, 1.0) * 255 + 0.5);
     std::uint8_t& kept = coverage_[static_cast<std::size_t>(index)];
     if (kept == 0 && share > 0) {
         covered_.push_back(index);

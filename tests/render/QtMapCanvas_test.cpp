@@ -250,12 +250,16 @@ TEST_F(QtMapCanvasTest, ASmoothThinLineSharesEachColumnBetweenTwoPixels)
         QtMapCanvas canvas(picture, view, QPalette());
         canvas.setAntialiasing(true);
         canvas.DrawPolyline(std::vector<ScreenPoint>{{10, 20}, {90, 53}}, style(0, 1, 0), true);
+        // Between two rows of pixels, not rounded onto one of them.
+        canvas.DrawPolyline(std::vector<ScreenPoint>{{10, 80.5f}, {90, 80.5f}}, style(0, 1, 0), true);
     }
+    EXPECT_NEAR(qRed(at(50, 80)), 128, 2);
+    EXPECT_NEAR(qRed(at(50, 81)), 128, 2);
     int partial = 0;
     for (int x = 10; x <= 90; ++x) {
         // The blue line takes red away from white in proportion to coverage.
         int covered = 0;
-        for (int y = 0; y < 100; ++y) {
+        for (int y = 0; y < 70; ++y) {
             covered += 255 - qRed(at(x, y));
             partial += at(x, y) != kWhite && at(x, y) != kBlue ? 1 : 0;
         }
