@@ -41,21 +41,6 @@ TEST(ViewportLatLon, TheRequestedBoxFillsTheControl)
     EXPECT_EQ(std::tuple(view.ScreenToWorldX(300), view.ScreenToWorldY(50)), std::tuple(5, 2.5));
 }
 
-TEST(ViewportLatLon, AWideControlShowsTheBoxCentredWithMoreLeftAndRight)
-{
-    Viewport view = sized(800, 200);
-    ASSERT_TRUE(view.SetView(-10, -5, 10, 5));
-    EXPECT_EQ(view.scale(), 20.0f); // the smaller of 800 / 20 and 200 / 10
-    expectBox(view.viewBox(), -20, -5, 20, 5, 1e-12);
-}
-
-TEST(ViewportLatLon, BoxesAreClampedNotWrapped)
-{
-    Viewport view = sized(360, 180);
-    ASSERT_TRUE(view.SetView(170, -100, 200, 100));
-    expectBox(view.projectedViewBox(), 170, -90, 180, 90, 0);
-}
-
 TEST(ViewportLatLon, ResizingKeepsCentreAndScale)
 {
     Viewport view = sized(400, 200);
@@ -67,7 +52,9 @@ TEST(ViewportLatLon, ResizingKeepsCentreAndScale)
     expectBox(view.viewBox(), -15, -7.5, 15, 7.5, 1e-12);
 }
 
-TEST(ViewportWithoutView, ConversionsSayThereIsNoViewYet)
+// Without a view conversions say so; boxes without extent or projection,
+// or a control without size, change nothing.
+TEST(ViewportWithoutView, ConversionsSayThereIsNoViewAndBoxesWithoutExtentChangeNothing)
 {
     Viewport view = sized(400, 200);
     EXPECT_FALSE(view.viewReady());
@@ -75,11 +62,7 @@ TEST(ViewportWithoutView, ConversionsSayThereIsNoViewYet)
     EXPECT_FALSE(view.resize(500, 300));
     EXPECT_FALSE(view.zoomAbout(2, {}));
     EXPECT_FALSE(view.moveByShares(0.25, 0));
-}
-
-TEST(ViewportWithoutView, BoxesWithoutExtentOrProjectionChangeNothing)
-{
-    Viewport view = sized(400, 200);
+    view.setSize(400, 200);
     EXPECT_FALSE(view.SetView(3, 4, 3, 4));
     EXPECT_FALSE(view.viewReady());
     EXPECT_FALSE(view.SetView(std::nan(""), 0, 1, 1));
@@ -186,8 +169,12 @@ INSTANTIATE_TEST_SUITE_P(Projections, ViewportRoundTrips,
                                          Navigation{"UnitedStates", 1, -125, 24, -66, 50}),
                          [](const auto& test) { return std::string(test.param.map); });
 
-TEST(ViewportLatLon, AViewMovedOffTheGlobeStopsAtItsEdge)
+TEST(ViewportLatLon, BoxesAreClampedNotWrappedAndAViewMovedOffTheGlobeStopsAtItsEdge)
 {
+    Viewport clamped = sized(360, 180);
+    ASSERT_TRUE(clamped.SetView(170, -100, 200, 100));
+    expectBox(clamped.projectedViewBox(), 170, -90, 180, 90, 0);
+
     Viewport view = sized(400, 200);
     ASSERT_TRUE(view.SetView(170, -5, 180, 5));
     ASSERT_TRUE(view.moveByShares(3, 0));
