@@ -48,14 +48,6 @@ TEST_F(StatusLines, RemovingMovesTheLastLineIntoTheGap)
     EXPECT_EQ(status.text(), "Requesting Information.\nRequesting Layer A (1)\nRequesting Layer B (1)");
 }
 
-TEST_F(StatusLines, StepsMatchByLayerAndCode)
-{
-    status.change(1, StatusList::RequestingLayer, "A");
-    status.change(2, StatusList::LoadingLayer, "B");          // another layer's request stays
-    status.change(1, StatusList::RequestingLabels + StatusList::Remove); // nothing of that code
-    EXPECT_EQ(status.text(), "Requesting Layer A (1)\nLoading Layer B");
-}
-
 TEST_F(StatusLines, FixedTextsOfTheMapAndInformationSteps)
 {
     status.change(0, StatusList::LoadingMap);
