@@ -92,24 +92,20 @@ TEST_F(ToolTipTest, NothingShowsWithoutALabelledLayerOrAnEntityUnderThePointer)
     restAt(40, 50);
     EXPECT_FALSE(box.isVisible());
     streets.lblVisible = true;
-    tip.SetLayer(7, "NOMBRE"); // no such layer
-    restAt(40, 60);
-    EXPECT_FALSE(box.isVisible());
-    EXPECT_FALSE(timer.isActive());
-}
-
-TEST_F(ToolTipTest, LayerZeroSwitchesTheTooltipOff)
-{
     restAt(40, 50);
     ASSERT_TRUE(box.isVisible());
-    tip.SetLayer(0, "");
+    tip.SetLayer(0, ""); // switches the tooltip off
     EXPECT_FALSE(box.isVisible());
     restAt(40, 60);
     EXPECT_FALSE(box.isVisible());
     EXPECT_FALSE(timer.isActive());
+    tip.SetLayer(7, "NOMBRE"); // no such layer
+    restAt(40, 50);
+    EXPECT_FALSE(box.isVisible());
+    EXPECT_FALSE(timer.isActive());
 }
 
-TEST_F(ToolTipTest, TheBoxHangsBelowThePointerAndKeepsInsideTheRightAndBottomEdges)
+TEST_F(ToolTipTest, TheBoxHangsBelowThePointerInTheTooltipColourAndKeepsInsideTheEdges)
 {
     ASSERT_EQ(viewer.logicalDpiX(), 96);
     ASSERT_EQ(viewer.logicalDpiY(), 96);
@@ -117,6 +113,9 @@ TEST_F(ToolTipTest, TheBoxHangsBelowThePointerAndKeepsInsideTheRightAndBottomEdg
     const QSize labelSize = label.size();
     EXPECT_EQ(label.pos(), QPoint(3, 0));
     EXPECT_EQ(box.geometry(), QRect(40, 69, labelSize.width() + 7, labelSize.height() + 3));
+    const QImage shown = viewer.grab().toImage();
+    EXPECT_EQ(QColor(shown.pixel(box.x() + 1, box.y() + box.height() - 1)),
+              viewer.palette().color(QPalette::ToolTipBase));
 
     restAt(390, 50);
     const int width = label.width() + 7;
@@ -125,14 +124,6 @@ TEST_F(ToolTipTest, TheBoxHangsBelowThePointerAndKeepsInsideTheRightAndBottomEdg
     restAt(40, 190); // 190 + 19 is below the bottom
     const int height = label.height() + 3;
     EXPECT_EQ(box.geometry(), QRect(40, 200 - 19 - height, label.width() + 7, height));
-}
-
-TEST_F(ToolTipTest, TheBoxHasTheTooltipBackground)
-{
-    restAt(40, 50);
-    const QImage shown = viewer.grab().toImage();
-    EXPECT_EQ(QColor(shown.pixel(box.x() + 1, box.y() + box.height() - 1)),
-              viewer.palette().color(QPalette::ToolTipBase));
 }
 
 // The Viewer's own timer does the sampling: the one test that lets it run.
