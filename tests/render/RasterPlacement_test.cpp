@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using orbelan::RasterPlacement;
 using orbelan::Viewport;
 using orbelan::WorldWindow;
@@ -28,25 +30,21 @@ void expectWindow(const WorldWindow& actual, const WorldWindow& expected)
     EXPECT_NEAR(actual.north, expected.north, 1e-9);
 }
 
-TEST(RasterPlacement, AnImagePartlyAboveAndLeftIsPlacedFromPixelZeroWithItsVisiblePartOnly)
+// Images partly above and left, over the right and lower edges, and inside:
+// each is placed on its visible part only.
+TEST(RasterPlacement, AnImageIsPlacedOnItsVisiblePartOnly)
 {
-    const auto placed = RasterPlacement::place({-15, 0, -5, 8}, view());
-    ASSERT_TRUE(placed);
-    EXPECT_EQ(placed->screen, QRect(0, 0, 100, 100));
-    expectWindow(placed->world, {-10, 0, -5, 5});
-}
-
-TEST(RasterPlacement, AnImageOverTheRightAndLowerEdgesStopsThereAndOneInsideStaysWhole)
-{
-    const auto cut = RasterPlacement::place({5, -20, 30, -2}, view());
-    ASSERT_TRUE(cut);
-    EXPECT_EQ(cut->screen, QRect(300, 140, 100, 60));
-    expectWindow(cut->world, {5, -5, 10, -2});
-
-    const auto whole = RasterPlacement::place({-1, -1, 1, 2}, view());
-    ASSERT_TRUE(whole);
-    EXPECT_EQ(whole->screen, QRect(180, 60, 40, 60));
-    expectWindow(whole->world, {-1, -1, 1, 2});
+    const std::tuple<WorldWindow, QRect, WorldWindow> cases[] = {
+        {{-15, 0, -5, 8}, QRect(0, 0, 100, 100), {-10, 0, -5, 5}},
+        {{5, -20, 30, -2}, QRect(300, 140, 100, 60), {5, -5, 10, -2}},
+        {{-1, -1, 1, 2}, QRect(180, 60, 40, 60), {-1, -1, 1, 2}},
+    };
+    for (const auto& [extent, screen, world] : cases) {
+        const auto placed = RasterPlacement::place(extent, view());
+        ASSERT_TRUE(placed) << extent.west;
+        EXPECT_EQ(placed->screen, screen);
+        expectWindow(placed->world, world);
+    }
 }
 
 TEST(RasterPlacement, NothingWhenTheImageLiesOutsideTheViewOrThereIsNoView)
