@@ -102,7 +102,16 @@ TEST(ViewportAlbers, TheBoxCentreIsTheProjectionsOrigin)
     ASSERT_TRUE(view.SetView(-125, 24, -66, 50));
     EXPECT_NEAR(view.centre().x, 5000000, 1e-6);
     EXPECT_NEAR(view.centre().y, 5000000, 1e-6);
-    // Curved parallels: the middle of the top edge reaches further north than its corners.
+    // Curved parallels: the middle of the top edge reaches further north
+    // than its corners, and the box holds it.
+    double cornerLon = 0;
+    double cornerLat = 0;
+    double middleLon = 0;
+    double middleLat = 0;
+    ASSERT_TRUE(view.screenToGeographic(0, 0, cornerLon, cornerLat));
+    ASSERT_TRUE(view.screenToGeographic(400, 0, middleLon, middleLat));
+    EXPECT_GT(middleLat, cornerLat + 1);
+    EXPECT_DOUBLE_EQ(view.viewBox().MaxY, middleLat);
     EXPECT_GT(view.viewBox().MaxY, 50);
     EXPECT_LE(view.viewBox().MinX, -125);
     EXPECT_GE(view.viewBox().MaxX, -66);
