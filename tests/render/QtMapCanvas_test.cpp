@@ -131,7 +131,8 @@ TEST_F(QtMapCanvasTest, FarAndUnknownCoordinatesAreCutOrSkipped)
     canvas.DrawPolyline(std::vector<ScreenPoint>{{-far, 10}, {50, 10}, {nan, 0}, {90, 10}}, style(0, 1, 0), true);
     EXPECT_EQ(at(0, 10), kBlue);
     EXPECT_EQ(at(70, 10), kBackground);
-    canvas.DrawPolygon(std::vector<ScreenPoint>{{10, 30}, {90, 30}, {1e20f, 1e20f}, {nan, 5}}, style(5, 1, 0));
+    canvas.DrawPolygon(std::vector<ScreenPoint>{{10, 30}, {90, 30}, {1e20f, 1e20f}, {nan, 5}, {5, nan}},
+                       style(5, 1, 0));
     EXPECT_EQ(at(50, 60), kRed);
     EXPECT_EQ(at(30, 70), kBackground);
     canvas.DrawPolygon(std::vector<ScreenPoint>{{-far, -far}, {far, -far}, {far, far}}, style(0, 1, 0));
