@@ -73,10 +73,9 @@ CREATE TABLE IF NOT EXISTS fields (
     UNIQUE (layer_id, name)
 ) WITHOUT ROWID)";
 
-const char* const kThematicClasses = R"(
-CREATE TABLE IF NOT EXISTS thematic_classes (
-    layer_id   INTEGER NOT NULL REFERENCES layers(id) ON DELETE CASCADE,
-    position   INTEGER NOT NULL,
+// How a thematic class draws: the same columns in the stored classes and in
+// the saved maps' classes.
+const char* const kClassStyle = R"(
     min_value  TEXT NOT NULL,
     max_value  TEXT NOT NULL,
     draw_color INTEGER NOT NULL,
@@ -84,7 +83,13 @@ CREATE TABLE IF NOT EXISTS thematic_classes (
     draw_width INTEGER NOT NULL,
     fill_color INTEGER NOT NULL,
     fill_style INTEGER NOT NULL,
-    PRIMARY KEY (layer_id, position)
+)";
+
+const char* const kThematicClassesHead = R"(
+CREATE TABLE IF NOT EXISTS thematic_classes (
+    layer_id   INTEGER NOT NULL REFERENCES layers(id) ON DELETE CASCADE,
+    position   INTEGER NOT NULL,)";
+const char* const kThematicClassesTail = R"(    PRIMARY KEY (layer_id, position)
 ) WITHOUT ROWID)";
 
 const char* const kLayerAccess = R"(
@@ -128,19 +133,12 @@ const char* const kSavedLayersTail = R"(    PRIMARY KEY (map_code, position),
     UNIQUE (map_code, layer_id)
 ) WITHOUT ROWID)";
 
-const char* const kSavedClasses = R"(
+const char* const kSavedClassesHead = R"(
 CREATE TABLE IF NOT EXISTS saved_classes (
     map_code   INTEGER NOT NULL,
     layer_id   INTEGER NOT NULL,
-    position   INTEGER NOT NULL,
-    min_value  TEXT NOT NULL,
-    max_value  TEXT NOT NULL,
-    draw_color INTEGER NOT NULL,
-    draw_style INTEGER NOT NULL,
-    draw_width INTEGER NOT NULL,
-    fill_color INTEGER NOT NULL,
-    fill_style INTEGER NOT NULL,
-    PRIMARY KEY (map_code, layer_id, position),
+    position   INTEGER NOT NULL,)";
+const char* const kSavedClassesTail = R"(    PRIMARY KEY (map_code, layer_id, position),
     FOREIGN KEY (map_code, layer_id) REFERENCES saved_layers(map_code, layer_id) ON DELETE CASCADE
 ) WITHOUT ROWID)";
 
@@ -171,10 +169,11 @@ SELECT map_code, layer_id, position, min_value, max_value, draw_color, draw_styl
 const char* const kCellsByElement =
     "CREATE INDEX IF NOT EXISTS cells_by_element ON cells (layer_id, element_id)";
 
-// A table of layers: its own columns first, then the settings, then its keys.
-QString withLayerSettings(const char* head, const char* tail)
+// A table of layers or classes: its own columns first, then the shared
+// ones, then its keys.
+QString table(const char* head, const char* shared, const char* tail)
 {
-    return QString::fromUtf8(head) + QString::fromUtf8(kLayerSettings) + QString::fromUtf8(tail);
+    return QString::fromUtf8(head) + QString::fromUtf8(shared) + QString::fromUtf8(tail);
 }
 
 } // namespace
@@ -182,13 +181,20 @@ QString withLayerSettings(const char* head, const char* tail)
 const QStringList& Schema::statements()
 {
     static const QStringList all = {
-        QString::fromUtf8(kUsers),       QString::fromUtf8(kMaps),
-        QString::fromUtf8(kMapAccess),   withLayerSettings(kLayersHead, kLayersTail),
-        QString::fromUtf8(kFields),      QString::fromUtf8(kThematicClasses),
-        QString::fromUtf8(kLayerAccess), QString::fromUtf8(kElements),
-        QString::fromUtf8(kCells),       QString::fromUtf8(kCellsByElement),
-        withLayerSettings(kSavedLayersHead, kSavedLayersTail), QString::fromUtf8(kSavedClasses),
-        QString::fromUtf8(kMapLayers),   QString::fromUtf8(kMapClasses),
+        QString::fromUtf8(kUsers),
+        QString::fromUtf8(kMaps),
+        QString::fromUtf8(kMapAccess),
+        table(kLayersHead, kLayerSettings, kLayersTail),
+        QString::fromUtf8(kFields),
+        table(kThematicClassesHead, kClassStyle, kThematicClassesTail),
+        QString::fromUtf8(kLayerAccess),
+        QString::fromUtf8(kElements),
+        QString::fromUtf8(kCells),
+        QString::fromUtf8(kCellsByElement),
+        table(kSavedLayersHead, kLayerSettings, kSavedLayersTail),
+        table(kSavedClassesHead, kClassStyle, kSavedClassesTail),
+        QString::fromUtf8(kMapLayers),
+        QString::fromUtf8(kMapClasses),
     };
     return all;
 }
